@@ -1,0 +1,3 @@
+#include "jobprogress.h"
+
+JobProgress::~JobProgress() = default;

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "elementtype.h"
+#include "kiroheader.h"
+
+#include <cstdint>
+#include <vector>
+
+class JobProgress;
+class KiroReader;
+
+/// Whole signals of a recording, read forward in large blocks with one open of the file.
+///
+/// Values are exactly those of KiroReader::getSample. Each call reports progress in its own range and
+/// stops soon after JobProgress::cancelled(). A call that fails or is cancelled leaves its output
+/// untouched. Memory is taken only for samples that the file holds; nothing is thrown.
+class KiroBulkReader
+{
+public:
+    /// Reads the file that `reader` is set to, by a copy of its header.
+    explicit KiroBulkReader(const KiroReader& reader);
+
+    /// Whole frames that are both declared and stored, by the file's present length; 0 if the file cannot
+    /// be opened.
+    std::int64_t readableFrames() const;
+
+    /// Every sample of every signal, each signal in a vector of its element type. False if the file does
+    /// not hold all declared frames.
+    bool readAll(std::vector<SampleVector>& out, JobProgress& progress);
+
+    /// Samples `first` to `first` + `count` - 1 of one signal, in its element type. False if the signal
+    /// does not exist or the file does not hold all of them.
+    bool readSignal(int signal, std::int64_t first, std::int64_t count, SampleVector& out,
+                    JobProgress& progress);
+
+    /// The same as doubles: calibrated if `calibrate` is set and the signal is calibrated, else raw.
+    bool readSignal(int signal, std::int64_t first, std::int64_t count, bool calibrate,
+                    std::vector<double>& out, JobProgress& progress);
+
+    /// What went wrong in the last call; empty after success and after a cancel.
+    const KiroString& errorText() const { return m_errorText; }
+    /// Whether the last call was stopped by its JobProgress.
+    bool wasCancelled() const { return m_cancelled; }
+
+private:
+    template <class MakeTargets, class HandOver>
+    bool readFrames(std::int64_t firstFrame, std::int64_t endFrame, JobProgress& progress,
+                    MakeTargets&& makeTargets, HandOver&& handOver);
+    template <class Target, class... Arguments, class Out>
+    bool readOne(int signal, std::int64_t first, std::int64_t count, JobProgress& progress, Out& out,
+                 Arguments... arguments);
+    bool checkRange(int signal, std::int64_t first, std::int64_t count);
+    bool fail(const KiroString& text);
+
+    KiroString m_fileName;
+    KiroHeader m_header;
+    std::int64_t m_dataStart;
+    bool m_swap;
+    KiroString m_errorText;
+    bool m_cancelled = false;
+};
