@@ -11,6 +11,7 @@ function(kiro_add_test name label)
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBS} kirotestsupport GTest::gmock)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_compile_definitions(${name} PRIVATE
     KIRO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data" ${arg_DEFINITIONS})
   gtest_discover_tests(${name}
