@@ -3,8 +3,10 @@
 #include "jobprogress.h"
 #include "kirofile.h"
 #include "kiroreader.h"
+#include "kiroutils.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <new>
 #include <stdexcept>
@@ -13,9 +15,10 @@
 namespace
 {
 
-/// Bytes read at once: large against the cost of a call, small enough to stay in the cache between the
-/// reading and the sorting of the samples.
+/// Bytes read at once: large against the cost of a call, small enough for the second-level cache.
 constexpr std::int64_t BlockSize = 256 * 1024;
+/// Bytes of frames whose samples are sorted at once: they stay in the first-level cache for every signal.
+constexpr std::int64_t SortSize = 16 * 1024;
 constexpr int ProgressSteps = 100;
 
 /// A stretch of frames in memory.
@@ -26,218 +29,241 @@ struct FrameBlock
     std::size_t frameSize;
 };
 
+/// Where one signal's samples lie in each frame.
+struct SampleRun
+{
+    SampleRun(const KiroSignal& signal, std::int64_t offsetInFrame, bool swapBytes)
+        : offset(static_cast<std::size_t>(offsetInFrame))
+        , samples(signal.sampleSize > 0 ? signal.samplesPerFrame : 0) // samples of no bytes do not exist
+        , size(static_cast<std::size_t>(signal.runSize()))
+        , swap(swapBytes)
+        , isNumber(elementType(signal.valueType, signal.sampleSize) != ElementTypeDouble ||
+                   (signal.valueType == KiroValue::Float && signal.sampleSize == sizeof(double)))
+    {
+    }
+
+    std::size_t offset;
+    std::size_t samples;
+    std::size_t size; ///< bytes of the run
+    bool swap;
+    bool isNumber; ///< else every sample is 0
+};
+
+/// Joins the runs of a block. `RunSize` is their size in bytes where the compiler shall know it, or 0.
 template <std::size_t RunSize>
-void copyRuns(const FrameBlock& block, std::size_t offset, unsigned char* target)
+void joinRuns(const FrameBlock& block, const SampleRun& run, unsigned char* target)
 {
-    const unsigned char* source = block.bytes + offset;
-    for (std::size_t i = 0; i < block.frames; ++i, source += block.frameSize, target += RunSize)
-        std::memcpy(target, source, RunSize);
+    const std::size_t size = RunSize > 0 ? RunSize : run.size;
+    const unsigned char* source = block.bytes + run.offset;
+    for (std::size_t frame = 0; frame < block.frames; ++frame) {
+        std::memcpy(target, source, size);
+        source += block.frameSize;
+        target += size;
+    }
 }
 
-/// Joins the runs of one signal. Usual sizes are known to the compiler.
-void copyRuns(const FrameBlock& block, std::size_t offset, std::size_t runSize, unsigned char* target)
+void joinRuns(const FrameBlock& block, const SampleRun& run, unsigned char* target)
 {
-    switch (runSize) {
+    switch (run.size) {
     case 1:
-        return copyRuns<1>(block, offset, target);
+        return joinRuns<1>(block, run, target);
     case 2:
-        return copyRuns<2>(block, offset, target);
+        return joinRuns<2>(block, run, target);
     case 4:
-        return copyRuns<4>(block, offset, target);
+        return joinRuns<4>(block, run, target);
     case 8:
-        return copyRuns<8>(block, offset, target);
+        return joinRuns<8>(block, run, target);
     case 16:
-        return copyRuns<16>(block, offset, target);
+        return joinRuns<16>(block, run, target);
     case 32:
-        return copyRuns<32>(block, offset, target);
-    case 64:
-        return copyRuns<64>(block, offset, target);
+        return joinRuns<32>(block, run, target);
     default:
-        break;
+        return joinRuns<0>(block, run, target);
     }
-    const unsigned char* source = block.bytes + offset;
-    for (std::size_t i = 0; i < block.frames; ++i, source += block.frameSize, target += runSize)
-        std::memcpy(target, source, runSize);
 }
 
-template <std::size_t Size>
-struct Word;
-template <>
-struct Word<1>
+std::uint16_t swapped(std::uint16_t word)
 {
-    using Type = std::uint8_t;
-    static Type swapped(Type w) { return w; }
-};
-template <>
-struct Word<2>
-{
-    using Type = std::uint16_t;
-    static Type swapped(Type w) { return __builtin_bswap16(w); }
-};
-template <>
-struct Word<4>
-{
-    using Type = std::uint32_t;
-    static Type swapped(Type w) { return __builtin_bswap32(w); }
-};
-template <>
-struct Word<8>
-{
-    using Type = std::uint64_t;
-    static Type swapped(Type w) { return __builtin_bswap64(w); }
-};
+    return static_cast<std::uint16_t>(word << 8 | word >> 8);
+}
 
-/// Reverses the bytes of each of `count` numbers, in integer registers: a float with reversed bytes may
-/// be a signalling NaN, which a floating point move would change.
-template <class Number>
-void swapNumbers(Number* numbers, std::size_t count)
+std::uint32_t swapped(std::uint32_t word)
 {
-    using Bits = Word<sizeof(Number)>;
-    auto* bytes = reinterpret_cast<unsigned char*>(numbers);
+    return __builtin_bswap32(word);
+}
+
+std::uint64_t swapped(std::uint64_t word)
+{
+    return __builtin_bswap64(word);
+}
+
+/// Reverses the bytes of each of `count` numbers of the size of `Word`. Unsigned words stand for numbers
+/// here: a float with reversed bytes may be a signalling NaN, which a floating point move would change.
+template <class Word>
+void swapNumbers(unsigned char* numbers, std::size_t count)
+{
     for (std::size_t i = 0; i < count; ++i) {
-        typename Bits::Type word;
-        std::memcpy(&word, bytes + i * sizeof(word), sizeof(word));
-        word = Bits::swapped(word);
-        std::memcpy(bytes + i * sizeof(word), &word, sizeof(word));
+        Word word;
+        std::memcpy(&word, numbers + i * sizeof(Word), sizeof(Word));
+        word = swapped(word);
+        std::memcpy(numbers + i * sizeof(Word), &word, sizeof(Word));
     }
 }
 
-/// Samples of a signal that a frame really holds: samples of no bytes do not exist.
-std::uint32_t samplesInFrame(const KiroSignal& signal)
+void swapNumbers(unsigned char* numbers, std::size_t count, std::size_t size)
 {
-    return signal.sampleSize > 0 ? signal.samplesPerFrame : 0;
+    switch (size) {
+    case 2:
+        return swapNumbers<std::uint16_t>(numbers, count);
+    case 4:
+        return swapNumbers<std::uint32_t>(numbers, count);
+    case 8:
+        return swapNumbers<std::uint64_t>(numbers, count);
+    default:
+        return; // one byte
+    }
 }
 
-/// Takes the samples of one signal out of blocks of frames, as numbers of its element type.
-class SignalSink
+/// Joins and swaps runs of four 16-bit samples, the form of the recorder's eye signals, two frames at a
+/// time in one vector register.
+void joinSwappedRunsOfFourWords(const FrameBlock& block, const SampleRun& run, unsigned char* target)
 {
-public:
-    /// `skip` samples are left out at the start of the first block, `count` in all are taken.
-    SignalSink(const KiroSignal& signal, std::int64_t runOffset, bool swap, std::int64_t skip,
-               std::int64_t count)
-        : m_runOffset(static_cast<std::size_t>(runOffset))
-        , m_runSize(static_cast<std::size_t>(signal.runSize()))
-        , m_samplesPerFrame(samplesInFrame(signal))
-        , m_swap(swap)
-        , m_isNumber(elementType(signal.valueType, signal.sampleSize) != ElementTypeDouble ||
-                     (signal.valueType == KiroValue::Float && signal.sampleSize == sizeof(double)))
-        , m_skip(static_cast<std::size_t>(skip))
-        , m_left(static_cast<std::size_t>(count))
-    {
+    using Runs = std::uint64_t __attribute__((vector_size(16)));
+    using Words = std::uint16_t __attribute__((vector_size(16)));
+    constexpr std::size_t RunSize = 8;
+    const unsigned char* source = block.bytes + run.offset;
+    std::size_t frame = 0;
+    for (; frame + 2 <= block.frames; frame += 2) {
+        std::uint64_t first;
+        std::uint64_t second;
+        std::memcpy(&first, source, RunSize);
+        std::memcpy(&second, source + block.frameSize, RunSize);
+        const auto words = reinterpret_cast<Words>(Runs{first, second});
+        const Words turned = words << 8 | words >> 8;
+        std::memcpy(target, &turned, 2 * RunSize);
+        source += 2 * block.frameSize;
+        target += 2 * RunSize;
     }
-
-    /// Calls `append(first, end)` with the block's samples as Number, the signal's element type.
-    template <class Number, class Append>
-    void take(const FrameBlock& block, Append&& append)
-    {
-        const std::size_t inBlock = block.frames * m_samplesPerFrame;
-        const std::size_t first = std::min(m_skip, inBlock);
-        const std::size_t count = std::min(m_left, inBlock - first);
-        m_skip -= first;
-        m_left -= count;
-        auto& numbers = buffer<Number>();
-        if (numbers.size() < inBlock)
-            numbers.resize(inBlock);
-        if (m_isNumber) {
-            copyRuns(block, m_runOffset, m_runSize, reinterpret_cast<unsigned char*>(numbers.data()));
-            if (m_swap)
-                swapNumbers(numbers.data() + first, count);
-        }
-        append(numbers.data() + first, numbers.data() + first + count);
+    if (frame < block.frames) {
+        std::memcpy(target, source, RunSize);
+        swapNumbers<std::uint16_t>(target, 4);
     }
+}
 
-private:
-    template <class Number>
-    std::vector<Number>& buffer()
-    {
-        if (!std::holds_alternative<std::vector<Number>>(m_buffer))
-            m_buffer.emplace<std::vector<Number>>();
-        return std::get<std::vector<Number>>(m_buffer);
-    }
+/// Appends the samples of one signal in a block.
+template <class Number>
+void appendSamples(const FrameBlock& block, const SampleRun& run, std::vector<Number>& samples)
+{
+    const std::size_t before = samples.size();
+    const std::size_t count = block.frames * run.samples;
+    samples.resize(before + count);
+    if (!run.isNumber || count == 0)
+        return;
+    auto* target = reinterpret_cast<unsigned char*>(samples.data() + before);
+    if (sizeof(Number) == 2 && run.samples == 4 && run.swap)
+        return joinSwappedRunsOfFourWords(block, run, target);
+    joinRuns(block, run, target);
+    if (run.swap)
+        swapNumbers(target, count, sizeof(Number));
+}
 
-    std::size_t m_runOffset;
-    std::size_t m_runSize;
-    std::size_t m_samplesPerFrame;
-    bool m_swap;
-    bool m_isNumber; // else every sample is 0
-    std::size_t m_skip;
-    std::size_t m_left;
-    SampleVector m_buffer; // one block's samples, kept between blocks; zeros where !m_isNumber
-};
+template <class Number>
+void reserveLarge(std::vector<Number>& samples, std::size_t count)
+{
+    if (samples.capacity() >= count)
+        return;
+    samples.reserve(count);
+    adviseLargePages(samples.data(), samples.capacity() * sizeof(Number));
+}
 
-/// Appends blocks to a vector of the signal's element type.
+/// Leaves `count` elements from `first` on.
+template <class Number>
+void trim(std::vector<Number>& samples, std::size_t first, std::size_t count)
+{
+    samples.erase(samples.begin(), samples.begin() + static_cast<std::ptrdiff_t>(first));
+    samples.resize(count);
+}
+
+/// Collects one signal in its element type, in the memory of `reused` where that has the same type.
 class TypedTarget
 {
 public:
-    TypedTarget(SignalSink sink, const KiroSignal& signal, std::int64_t count)
-        : m_sink(std::move(sink))
-        , m_samples(makeSampleVector(elementType(signal.valueType, signal.sampleSize)))
+    TypedTarget(const KiroSignal& signal, const SampleRun& run, std::size_t frames, SampleVector reused)
+        : m_run(run)
+        , m_samples(std::move(reused))
     {
-        std::visit([count](auto& samples) { samples.reserve(static_cast<std::size_t>(count)); }, m_samples);
-    }
-
-    void take(const FrameBlock& block)
-    {
+        const int type = elementType(signal.valueType, signal.sampleSize);
+        if (m_samples.index() != static_cast<std::size_t>(type))
+            m_samples = makeSampleVector(type);
         std::visit(
             [&](auto& samples) {
-                using Number = typename std::decay_t<decltype(samples)>::value_type;
-                m_sink.template take<Number>(block, [&samples](const Number* first, const Number* end) {
-                    samples.insert(samples.end(), first, end);
-                });
+                samples.clear();
+                reserveLarge(samples, frames * run.samples);
             },
             m_samples);
     }
 
-    SampleVector takeSamples() { return std::move(m_samples); }
+    void take(const FrameBlock& block)
+    {
+        std::visit([&](auto& samples) { appendSamples(block, m_run, samples); }, m_samples);
+    }
+
+    SampleVector takeSamples(std::size_t first, std::size_t count)
+    {
+        std::visit([&](auto& samples) { trim(samples, first, count); }, m_samples);
+        return std::move(m_samples);
+    }
 
 private:
-    SignalSink m_sink;
+    SampleRun m_run;
     SampleVector m_samples;
 };
 
-/// Appends blocks to a vector of doubles, calibrated or raw.
+/// Collects one signal as doubles, calibrated or raw.
 class DoubleTarget
 {
 public:
-    DoubleTarget(SignalSink sink, const KiroSignal& signal, bool calibrate, std::int64_t count)
-        : m_sink(std::move(sink))
-        , m_signal(signal)
+    DoubleTarget(const KiroSignal& signal, const SampleRun& run, std::size_t frames, bool calibrate)
+        : m_signal(signal)
+        , m_run(run)
         , m_calibrate(calibrate && signal.calibrated)
-        , m_elementTypeSample(makeSampleVector(elementType(signal.valueType, signal.sampleSize)))
+        , m_block(makeSampleVector(elementType(signal.valueType, signal.sampleSize)))
     {
-        m_samples.reserve(static_cast<std::size_t>(count));
+        reserveLarge(m_samples, frames * run.samples);
     }
 
     void take(const FrameBlock& block)
     {
         std::visit(
-            [&](const auto& typed) {
-                using Number = typename std::decay_t<decltype(typed)>::value_type;
-                m_sink.template take<Number>(
-                    block, [this](const Number* first, const Number* end) { append(first, end); });
+            [&](auto& typed) {
+                typed.clear();
+                appendSamples(block, m_run, typed);
+                if (m_calibrate)
+                    append(typed, [this](double raw) { return m_signal.calibratedValue(raw); });
+                else
+                    append(typed, [](double raw) { return raw; });
             },
-            m_elementTypeSample);
+            m_block);
     }
 
-    std::vector<double> takeSamples() { return std::move(m_samples); }
+    std::vector<double> takeSamples(std::size_t first, std::size_t count)
+    {
+        trim(m_samples, first, count);
+        return std::move(m_samples);
+    }
 
 private:
-    template <class Number>
-    void append(const Number* first, const Number* end)
+    template <class Number, class Convert>
+    void append(const std::vector<Number>& typed, Convert&& convert)
     {
-        if (m_calibrate) {
-            for (; first != end; ++first)
-                m_samples.push_back(m_signal.calibratedValue(static_cast<double>(*first)));
-        } else {
-            for (; first != end; ++first)
-                m_samples.push_back(static_cast<double>(*first));
-        }
+        for (const Number raw : typed)
+            m_samples.push_back(convert(static_cast<double>(raw)));
     }
 
-    SignalSink m_sink;
     const KiroSignal& m_signal;
+    SampleRun m_run;
     bool m_calibrate;
-    SampleVector m_elementTypeSample; // empty; its alternative is the type to read
+    SampleVector m_block; // one block's samples in their element type
     std::vector<double> m_samples;
 };
 
@@ -275,58 +301,44 @@ std::int64_t KiroBulkReader::readableFrames() const
     return std::min<std::int64_t>(stored, m_header.frameCount());
 }
 
-/// Runs over frames `firstFrame` to `endFrame` - 1 and gives each block to every target. Memory for
-/// targets is taken by `makeTargets` once the file is known to hold the frames.
+/// Opens the file at frame `first`, after a look whether it holds `count` frames from there.
+bool KiroBulkReader::openAtFrame(KiroFile& file, std::int64_t first, std::int64_t count)
+{
+    if (count == 0)
+        return true;
+    const std::int64_t readable = readableFrames();
+    if (first + count > readable) {
+        return fail(KiroString("KiroBulkReader - file %1 cannot be read or ends before its last declared "
+                               "frame (frames needed: %2, frames readable: %3)")
+                        .arg(m_fileName)
+                        .arg(first + count)
+                        .arg(readable));
+    }
+    const std::int64_t position = m_dataStart + first * m_header.frameSize();
+    return (file.open(m_fileName, KiroFile::Read) && position < KiroReader::FileSizeLimit &&
+            file.seek(static_cast<std::int32_t>(position))) ||
+           fail(KiroString("KiroBulkReader - opening file %1 failed").arg(m_fileName));
+}
+
+/// Runs over `count` frames from `first` on and gives each block to every target. Memory for targets is
+/// taken by `makeTargets` once the file is known to hold the frames.
 template <class MakeTargets, class HandOver>
-bool KiroBulkReader::readFrames(std::int64_t firstFrame, std::int64_t endFrame, JobProgress& progress,
+bool KiroBulkReader::readFrames(std::int64_t first, std::int64_t count, JobProgress& progress,
                                 MakeTargets&& makeTargets, HandOver&& handOver)
 {
     m_errorText.clear();
     m_cancelled = false;
-    const std::int64_t frameSize = m_header.frameSize();
-    if (endFrame > readableFrames() && frameSize > 0) {
-        return fail(KiroString("KiroBulkReader - file %1 cannot be read or ends before its last declared "
-                               "frame (frames needed: %2, frames readable: %3)")
-                        .arg(m_fileName)
-                        .arg(endFrame)
-                        .arg(readableFrames()));
-    }
+    KiroFile file;
+    if (!openAtFrame(file, first, count))
+        return false;
     try {
         auto targets = makeTargets();
-        KiroFile file;
-        const std::int64_t start = m_dataStart + firstFrame * frameSize;
-        const bool anyFrames = frameSize > 0 && endFrame > firstFrame;
-        if (anyFrames && (!file.open(m_fileName, KiroFile::Read) || start > INT32_MAX ||
-                          !file.seek(static_cast<std::int32_t>(start))))
-            return fail(KiroString("KiroBulkReader - opening file %1 failed").arg(m_fileName));
-
-        const std::int64_t framesInBlock = anyFrames ? std::max<std::int64_t>(BlockSize / frameSize, 1) : 1;
-        std::vector<unsigned char> bytes(
-            anyFrames ? static_cast<std::size_t>(std::min(framesInBlock, endFrame - firstFrame) * frameSize)
-                      : 0);
-        progress.setRange(0, ProgressSteps);
-        int shown = 0;
-        for (std::int64_t frame = firstFrame; anyFrames && frame < endFrame; frame += framesInBlock) {
-            if (progress.cancelled()) {
-                m_cancelled = true;
-                return false;
-            }
-            const std::int64_t frames = std::min(framesInBlock, endFrame - frame);
-            const auto count = static_cast<std::int32_t>(frames * frameSize);
-            if (file.readRaw(bytes.data(), count) != count)
-                return fail(KiroString("KiroBulkReader - reading file %1 failed at frame %2")
-                                .arg(m_fileName)
-                                .arg(frame));
-            const FrameBlock block{bytes.data(), static_cast<std::size_t>(frames),
-                                   static_cast<std::size_t>(frameSize)};
+        const auto give = [&targets](const FrameBlock& block) {
             for (auto& target : targets)
                 target.take(block);
-            const auto done =
-                static_cast<int>(ProgressSteps * (frame + frames - firstFrame) / (endFrame - firstFrame));
-            if (done != shown)
-                progress.setValue(shown = done);
-        }
-        progress.setValue(ProgressSteps);
+        };
+        if (!readBlocks(file, count, progress, give))
+            return false;
         handOver(targets);
     } catch (const std::bad_alloc&) {
         return fail("KiroBulkReader - memory allocation error");
@@ -336,25 +348,72 @@ bool KiroBulkReader::readFrames(std::int64_t firstFrame, std::int64_t endFrame, 
     return true;
 }
 
+/// Reads `count` frames in large blocks and gives them on in stretches of SortSize.
+template <class Give>
+bool KiroBulkReader::readBlocks(KiroFile& file, std::int64_t count, JobProgress& progress, Give&& give)
+{
+    const std::int64_t frameSize = m_header.frameSize();
+    const auto framesIn = [frameSize](std::int64_t bytes) {
+        return std::max<std::int64_t>(bytes / std::max<std::int64_t>(frameSize, 1), 1);
+    };
+    const std::int64_t framesInBlock = std::min(framesIn(BlockSize), count);
+    const std::int64_t framesToSort = framesIn(SortSize);
+    std::vector<unsigned char> bytes(static_cast<std::size_t>(framesInBlock * frameSize));
+    int shown = 0;
+    progress.setRange(0, ProgressSteps);
+    for (std::int64_t done = 0; done < count;) {
+        m_cancelled = progress.cancelled();
+        if (m_cancelled)
+            return false;
+        const std::int64_t frames = std::min(framesInBlock, count - done);
+        const auto size = static_cast<std::int32_t>(frames * frameSize);
+        if (file.readRaw(bytes.data(), size) != size)
+            return fail(KiroString("KiroBulkReader - reading file %1 failed").arg(m_fileName));
+        for (std::int64_t i = 0; i < frames; i += framesToSort) {
+            give(FrameBlock{bytes.data() + i * frameSize,
+                            static_cast<std::size_t>(std::min(framesToSort, frames - i)),
+                            static_cast<std::size_t>(frameSize)});
+        }
+        done += frames;
+        const auto step = static_cast<int>(ProgressSteps * done / count);
+        if (step != shown)
+            progress.setValue(shown = step);
+    }
+    if (shown < ProgressSteps)
+        progress.setValue(ProgressSteps);
+    return true;
+}
+
 bool KiroBulkReader::readAll(std::vector<SampleVector>& out, JobProgress& progress)
 {
-    const auto makeTargets = [this] {
+    // Frames without bytes are as good as no frames.
+    const std::int64_t frames = m_header.frameSize() > 0 ? m_header.frameCount() : 0;
+    const auto samplesOf = [frames](const KiroSignal& signal) {
+        return signal.sampleSize > 0 ? static_cast<std::size_t>(signal.samplesPerFrame * frames) : 0;
+    };
+    const auto makeTargets = [&] {
         std::vector<TypedTarget> targets;
+        m_spare.resize(m_header.signalTable().size());
         std::int64_t offset = 0;
         for (const KiroSignal& signal : m_header.signalTable()) {
-            const auto count = std::int64_t(samplesInFrame(signal)) * m_header.frameCount();
-            targets.emplace_back(SignalSink(signal, offset, m_swap, 0, count), signal, count);
+            targets.emplace_back(signal, SampleRun(signal, offset, m_swap), static_cast<std::size_t>(frames),
+                                 std::move(m_spare[targets.size()]));
             offset += static_cast<std::int64_t>(signal.runSize());
         }
+        m_spare.clear();
         return targets;
     };
-    return readFrames(0, m_header.frameCount(), progress, makeTargets, [&out](auto& targets) {
+    return readFrames(0, frames, progress, makeTargets, [&](std::vector<TypedTarget>& targets) {
         std::vector<SampleVector> all;
-        all.reserve(targets.size());
-        for (TypedTarget& target : targets)
-            all.push_back(target.takeSamples());
+        for (std::size_t i = 0; i < targets.size(); ++i)
+            all.push_back(targets[i].takeSamples(0, samplesOf(m_header.signalTable()[i])));
         out = std::move(all);
     });
+}
+
+void KiroBulkReader::recycle(std::vector<SampleVector> samples)
+{
+    m_spare = std::move(samples);
 }
 
 bool KiroBulkReader::checkRange(int signal, std::int64_t first, std::int64_t count)
@@ -363,7 +422,8 @@ bool KiroBulkReader::checkRange(int signal, std::int64_t first, std::int64_t cou
     KiroSignal descriptor;
     if (!m_header.getSignal(signal, descriptor))
         return fail(KiroString("KiroBulkReader - invalid signal index (%1)").arg(signal));
-    const std::int64_t samples = std::int64_t(samplesInFrame(descriptor)) * m_header.frameCount();
+    const std::int64_t perFrame = descriptor.sampleSize > 0 ? descriptor.samplesPerFrame : 0;
+    const std::int64_t samples = perFrame * m_header.frameCount();
     if (first < 0 || count < 1 || first >= samples || count > samples - first) {
         return fail(KiroString("KiroBulkReader - signal %1 does not hold the samples asked for (first: %2, "
                                "count: %3, samples in the signal: %4)")
@@ -375,33 +435,42 @@ bool KiroBulkReader::checkRange(int signal, std::int64_t first, std::int64_t cou
     return true;
 }
 
-template <class Target, class... Arguments, class Out>
+/// Reads the frames around the samples asked for and hands over just these. `makeTarget` gets the
+/// descriptor, the place in the frame and the number of frames.
+template <class MakeTarget, class Out>
 bool KiroBulkReader::readOne(int signal, std::int64_t first, std::int64_t count, JobProgress& progress,
-                             Out& out, Arguments... arguments)
+                             Out& out, MakeTarget&& makeTarget)
 {
     if (!checkRange(signal, first, count))
         return false;
     const KiroSignal& descriptor = m_header.signalTable()[static_cast<std::size_t>(signal)];
+    const SampleRun run(descriptor, runOffset(m_header, signal), m_swap);
     const std::int64_t perFrame = descriptor.samplesPerFrame;
+    const std::int64_t firstFrame = first / perFrame;
+    const std::int64_t frames = (first + count - 1) / perFrame + 1 - firstFrame;
     const auto makeTargets = [&] {
-        std::vector<Target> targets;
-        targets.emplace_back(
-            SignalSink(descriptor, runOffset(m_header, signal), m_swap, first % perFrame, count), descriptor,
-            arguments..., count);
-        return targets;
+        return std::array{makeTarget(descriptor, run, static_cast<std::size_t>(frames))};
     };
-    return readFrames(first / perFrame, (first + count - 1) / perFrame + 1, progress, makeTargets,
-                      [&out](auto& targets) { out = targets.front().takeSamples(); });
+    return readFrames(firstFrame, frames, progress, makeTargets, [&](auto& targets) {
+        out = targets[0].takeSamples(static_cast<std::size_t>(first % perFrame),
+                                     static_cast<std::size_t>(count));
+    });
 }
 
 bool KiroBulkReader::readSignal(int signal, std::int64_t first, std::int64_t count, SampleVector& out,
                                 JobProgress& progress)
 {
-    return readOne<TypedTarget>(signal, first, count, progress, out);
+    return readOne(signal, first, count, progress, out,
+                   [](const KiroSignal& descriptor, const SampleRun& run, std::size_t frames) {
+                       return TypedTarget(descriptor, run, frames, SampleVector());
+                   });
 }
 
 bool KiroBulkReader::readSignal(int signal, std::int64_t first, std::int64_t count, bool calibrate,
                                 std::vector<double>& out, JobProgress& progress)
 {
-    return readOne<DoubleTarget>(signal, first, count, progress, out, calibrate);
+    return readOne(signal, first, count, progress, out,
+                   [calibrate](const KiroSignal& descriptor, const SampleRun& run, std::size_t frames) {
+                       return DoubleTarget(descriptor, run, frames, calibrate);
+                   });
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 class JobProgress;
+class KiroFile;
 class KiroReader;
 
 /// Whole signals of a recording, read forward in large blocks with one open of the file.
@@ -28,6 +29,10 @@ public:
     /// not hold all declared frames.
     bool readAll(std::vector<SampleVector>& out, JobProgress& progress);
 
+    /// Gives samples that are no longer needed, so that the next readAll() uses their memory. Worth it
+    /// where many recordings are read in turn: fresh memory costs more than the reading.
+    void recycle(std::vector<SampleVector> samples);
+
     /// Samples `first` to `first` + `count` - 1 of one signal, in its element type. False if the signal
     /// does not exist or the file does not hold all of them.
     bool readSignal(int signal, std::int64_t first, std::int64_t count, SampleVector& out,
@@ -43,12 +48,15 @@ public:
     bool wasCancelled() const { return m_cancelled; }
 
 private:
+    bool openAtFrame(KiroFile& file, std::int64_t first, std::int64_t count);
     template <class MakeTargets, class HandOver>
-    bool readFrames(std::int64_t firstFrame, std::int64_t endFrame, JobProgress& progress,
-                    MakeTargets&& makeTargets, HandOver&& handOver);
-    template <class Target, class... Arguments, class Out>
+    bool readFrames(std::int64_t first, std::int64_t count, JobProgress& progress, MakeTargets&& makeTargets,
+                    HandOver&& handOver);
+    template <class Give>
+    bool readBlocks(KiroFile& file, std::int64_t count, JobProgress& progress, Give&& give);
+    template <class MakeTarget, class Out>
     bool readOne(int signal, std::int64_t first, std::int64_t count, JobProgress& progress, Out& out,
-                 Arguments... arguments);
+                 MakeTarget&& makeTarget);
     bool checkRange(int signal, std::int64_t first, std::int64_t count);
     bool fail(const KiroString& text);
 
@@ -56,6 +64,7 @@ private:
     KiroHeader m_header;
     std::int64_t m_dataStart;
     bool m_swap;
+    std::vector<SampleVector> m_spare; // memory for the next readAll()
     KiroString m_errorText;
     bool m_cancelled = false;
 };

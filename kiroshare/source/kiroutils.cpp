@@ -5,8 +5,12 @@
 #include <QMessageLogger>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <utility>
+
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace
 {
@@ -28,6 +32,17 @@ KiroError::Presenter& presenter()
 const char* kiroVersionText()
 {
     return KIRO_VERSION_TEXT;
+}
+
+void adviseLargePages(void* memory, std::size_t bytes)
+{
+    // Only whole pages within the memory are the caller's to advise on.
+    const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const auto begin = reinterpret_cast<std::uintptr_t>(memory);
+    const std::uintptr_t first = (begin + page - 1) / page * page;
+    const std::uintptr_t end = (begin + bytes) / page * page;
+    if (end > first)
+        ::madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
 }
 
 KiroDateTime KiroDateTime::now()

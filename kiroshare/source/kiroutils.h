@@ -1,9 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 
 /// The version text of the programs, such as "3.12".
 const char* kiroVersionText();
+
+/// Asks the system to back fresh memory that is about to be filled by large pages: touching a hundred
+/// megabytes for the first time then costs half. Only a hint, without effect on what the memory holds.
+void adviseLargePages(void* memory, std::size_t bytes);
 
 /// Date and time of day on the local clock, each part kept within its range by its setter.
 ///

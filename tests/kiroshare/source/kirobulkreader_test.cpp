@@ -190,6 +190,48 @@ TEST_F(KiroBulkReaderTest, LegacyFilesAreReadWithoutSwapping)
         EXPECT_TRUE(sameAsOneByOne(all[std::size_t(i)], samplesOneByOne(m_reader, i))) << i;
 }
 
+TEST_F(KiroBulkReaderTest, RecycledMemoryIsUsedAndHoldsTheSameSamples)
+{
+    makeRecording({makeSignal("a", KiroValue::SignedInt, 2, 4), makeSignal("b", KiroValue::Float, 4, 2)},
+                  3000);
+    std::vector<SampleVector> all;
+    KiroBulkReader bulk(m_reader);
+    ASSERT_TRUE(bulk.readAll(all, m_progress));
+    const void* const memory = std::get<std::vector<std::int16_t>>(all[0]).data();
+    bulk.recycle(std::move(all));
+    ASSERT_TRUE(bulk.readAll(all, m_progress));
+    EXPECT_EQ(std::get<std::vector<std::int16_t>>(all[0]).data(), memory);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_TRUE(sameAsOneByOne(all[std::size_t(i)], samplesOneByOne(m_reader, i))) << i;
+}
+
+TEST_F(KiroBulkReaderTest, RecycledSamplesOfAnotherRecordingDoNoHarm)
+{
+    makeRecording({makeSignal("a", KiroValue::SignedInt, 2, 4), makeSignal("b", KiroValue::Float, 4, 2)},
+                  300);
+    KiroBulkReader bulk(m_reader);
+    bulk.recycle({std::vector<double>(10, 1.0), std::vector<float>(9000, 1.0f), std::vector<float>(1, 1.0f)});
+    std::vector<SampleVector> all;
+    ASSERT_TRUE(bulk.readAll(all, m_progress));
+    for (int i = 0; i < 2; ++i)
+        EXPECT_TRUE(sameAsOneByOne(all[std::size_t(i)], samplesOneByOne(m_reader, i))) << i;
+}
+
+// The loop for runs of four 16-bit samples works on two frames at once.
+TEST_F(KiroBulkReaderTest, RunsOfFourWordsAreTheSamplesOneByOneForAnyNumberOfFrames)
+{
+    for (const int frames : {1, 2, 3, 1023, 1025}) {
+        m_reader.close();
+        makeRecording(
+            {makeSignal("a", KiroValue::SignedInt, 2, 4), makeSignal("b", KiroValue::UnsignedInt, 2, 4)},
+            frames);
+        std::vector<SampleVector> all;
+        ASSERT_TRUE(KiroBulkReader(m_reader).readAll(all, m_progress));
+        EXPECT_TRUE(sameAsOneByOne(all[0], samplesOneByOne(m_reader, 0))) << frames;
+        EXPECT_TRUE(sameAsOneByOne(all[1], samplesOneByOne(m_reader, 1))) << frames;
+    }
+}
+
 TEST_F(KiroBulkReaderTest, ProgressRisesToItsEnd)
 {
     makeRecording({makeSignal("a", KiroValue::Float, 8, 8)}, 30000); // 1.9 MB
