@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <stdexcept>
 #include <utility>
@@ -422,8 +423,10 @@ bool KiroBulkReader::checkRange(int signal, std::int64_t first, std::int64_t cou
     KiroSignal descriptor;
     if (!m_header.getSignal(signal, descriptor))
         return fail(KiroString("KiroBulkReader - invalid signal index (%1)").arg(signal));
-    const std::int64_t perFrame = descriptor.sampleSize > 0 ? descriptor.samplesPerFrame : 0;
-    const std::int64_t samples = perFrame * m_header.frameCount();
+    // Two hostile 32-bit numbers may exceed 63 bits; no file holds that many samples.
+    constexpr std::uint64_t Most = std::numeric_limits<std::int64_t>::max();
+    const auto samples = static_cast<std::int64_t>(
+        descriptor.sampleSize > 0 ? std::min(m_header.signalSampleCount(signal), Most) : 0);
     if (first < 0 || count < 1 || first >= samples || count > samples - first) {
         return fail(KiroString("KiroBulkReader - signal %1 does not hold the samples asked for (first: %2, "
                                "count: %3, samples in the signal: %4)")

@@ -399,7 +399,9 @@ bool KiroReader::readSignal(const KiroString& path, int signal, std::vector<doub
     KiroReader reader;
     if (!reader.setFile(path) || signal < 0 || signal >= reader.header().signalCount())
         return false;
-    const auto samples = static_cast<std::int64_t>(reader.header().signalSampleCount(signal));
+    // More samples than an index can count are in no file; reading them fails.
+    constexpr std::uint64_t Most = std::uint64_t(MaxInt) + 1;
+    const auto samples = static_cast<std::int64_t>(std::min(reader.header().signalSampleCount(signal), Most));
     if (first < 0 || first >= samples || count < 0)
         return false;
     const bool toEnd = count == 0 || std::int64_t(first) + count >= samples;

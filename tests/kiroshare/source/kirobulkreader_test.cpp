@@ -316,6 +316,21 @@ TEST_F(KiroBulkReaderTest, HostileCountsTakeNoMemory)
     }
 }
 
+TEST_F(KiroBulkReaderTest, CountsBeyondSixtyThreeBitsAreErrors)
+{
+    const KiroString path = m_folder.write(
+        QStringLiteral("h.kiro"),
+        recordingBytes(makeHeader({makeSignal("a", KiroValue::SignedInt, 2, 0xffffffff)}, 0xffffffff),
+                       "xxxx"));
+    KiroReader reader;
+    ASSERT_TRUE(reader.setFile(path));
+    std::vector<double> samples;
+    EXPECT_FALSE(KiroBulkReader(reader).readSignal(0, 0, 1, false, samples, m_progress));
+    EXPECT_FALSE(KiroReader::readSignal(path, 0, samples));
+    EXPECT_FALSE(KiroReader::readSignal(path, 0, samples, false, 2147483647));
+    EXPECT_TRUE(samples.empty());
+}
+
 TEST_F(KiroBulkReaderTest, RangesOutsideTheSignalAreErrors)
 {
     makeRecording(

@@ -1,0 +1,7 @@
+#pragma once
+
+struct GoldenCase;
+class Report;
+
+/// Kind "coreText": calls of KiroString, with arguments and results in the expected file alone.
+void checkCoreText(const GoldenCase& golden, Report& report);
