@@ -9,8 +9,12 @@ endif()
 # Release is -O2 for everybody; assertions are Qt's and go with QT_NO_DEBUG.
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG -DQT_NO_DEBUG")
 
+# Said outright, so that tools which read the compile commands know it too.
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
 add_library(kiro_options INTERFACE)
-target_compile_features(kiro_options INTERFACE cxx_std_17)
 target_compile_options(kiro_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow
   # Results must be the same doubles on every machine: no fused multiply-add.

@@ -309,11 +309,11 @@ bool KiroBulkReader::openAtFrame(KiroFile& file, std::int64_t first, std::int64_
         return true;
     const std::int64_t readable = readableFrames();
     if (first + count > readable) {
-        return fail(KiroString("KiroBulkReader - file %1 cannot be read or ends before its last declared "
-                               "frame (frames needed: %2, frames readable: %3)")
-                        .arg(m_fileName)
+        return fail(KiroString("KiroBulkReader - the file cannot be read or ends before its last declared "
+                               "frame (frames needed: %1, frames readable: %2, file: %3)")
                         .arg(first + count)
-                        .arg(readable));
+                        .arg(readable)
+                        .arg(m_fileName)); // last: a name may hold a placeholder itself
     }
     const std::int64_t position = m_dataStart + first * m_header.frameSize();
     return (file.open(m_fileName, KiroFile::Read) && position < KiroReader::FileSizeLimit &&

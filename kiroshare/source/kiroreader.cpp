@@ -99,11 +99,11 @@ bool KiroReader::setFile(const KiroString& path)
     if (!writable && !file.open(path, KiroFile::Read))
         return fail(KiroString("KiroReader::setFile(const KiroString&) - opening file %1 failed").arg(path));
     if (file.size() >= FileSizeLimit) {
-        return fail(KiroString("KiroReader::setFile(const KiroString&) - file %1 is too large "
-                               "(file size is %2, sizes below %3 can be read)")
-                        .arg(path)
+        return fail(KiroString("KiroReader::setFile(const KiroString&) - file size %1 is too large, sizes "
+                               "below %2 can be read (%3)")
                         .arg(file.size())
-                        .arg(FileSizeLimit));
+                        .arg(FileSizeLimit)
+                        .arg(path)); // last: a name may hold a placeholder itself
     }
     if (!m_header.read(file)) {
         reset();

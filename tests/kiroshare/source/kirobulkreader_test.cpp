@@ -271,10 +271,10 @@ TEST_F(KiroBulkReaderTest, DeclaredFramesThatAreNotStoredAreAnError)
     EXPECT_FALSE(bulk.readAll(all, m_progress));
     EXPECT_EQ(
         bulk.errorText().bytes(),
-        KiroString("KiroBulkReader - file %1 cannot be read or ends before its last declared frame (frames "
-                   "needed: 10, frames readable: 9)")
-            .arg(m_path)
-            .bytes());
+        KiroString("KiroBulkReader - the file cannot be read or ends before its last declared frame (frames "
+                         "needed: 10, frames readable: 9, file: %1)")
+                  .arg(m_path)
+                  .bytes());
     EXPECT_TRUE(all.empty());
     std::vector<double> samples;
     EXPECT_FALSE(bulk.readSignal(0, 0, 20, false, samples, m_progress));

@@ -116,9 +116,9 @@ TEST_F(KiroReaderTest, FilesOfTwoGibibytesAreRefused)
     EXPECT_FALSE(reader.setFile(m_path));
     EXPECT_EQ(
         reader.errorText().bytes(),
-        quoted("KiroReader::setFile(const KiroString&) - file %1 is too large (file size is 2147483648, "
-               "sizes below 2147483648 can be read)",
-               m_path));
+        quoted("KiroReader::setFile(const KiroString&) - file size 2147483648 is too large, sizes below "
+                     "2147483648 can be read (%1)",
+                     m_path));
     resizeFile((qint64(1) << 31) - 1);
     EXPECT_TRUE(reader.setFile(m_path));
 }
