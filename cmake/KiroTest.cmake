@@ -17,5 +17,12 @@ function(kiro_add_test name label)
   gtest_discover_tests(${name}
     TEST_PREFIX "${name}."
     DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${KIRO_TEST_ENVIRONMENT}")
+    PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT})
+  # gtest_discover_tests would flatten a property that is a list.
+  set(environment_file "${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake")
+  file(WRITE "${environment_file}"
+    "foreach(test IN LISTS ${name}_TESTS)\n"
+    "  set_tests_properties(\"\${test}\" PROPERTIES ENVIRONMENT \"${KIRO_TEST_ENVIRONMENT}\")\n"
+    "endforeach()\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${environment_file}")
 endfunction()

@@ -124,6 +124,11 @@ bool KiroReader::setFile(const KiroString& path)
 
 bool KiroReader::setUpRuns()
 {
+    try {
+        m_runs.reserve(m_header.signalTable().size());
+    } catch (const std::bad_alloc&) {
+        return fail("KiroReader::setFile(const KiroString&) - structures initialization failed");
+    }
     std::int64_t offset = 0;
     for (const KiroSignal& signal : m_header.signalTable()) {
         if (signal.sampleSize > KiroValue::MaxSize) {
