@@ -157,8 +157,10 @@ bool writeText(const char* path, const std::string& text)
 bool takeOwnMounts()
 {
     const std::string user = "0 " + std::to_string(::geteuid()) + " 1";
+    const std::string group = "0 " + std::to_string(::getegid()) + " 1";
     const bool own = ::unshare(CLONE_NEWNS) == 0 ||
-                     (::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && writeText("/proc/self/uid_map", user));
+                     (::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && writeText("/proc/self/uid_map", user) &&
+                      writeText("/proc/self/setgroups", "deny") && writeText("/proc/self/gid_map", group));
     return own && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
