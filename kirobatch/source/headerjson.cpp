@@ -10,8 +10,6 @@ namespace
 
 constexpr std::uint64_t FirstUnsafeInteger = std::uint64_t(1) << 53;
 constexpr double MsPerDay = 24.0 * 3600 * 1000;
-/// Durations from here on are no longer exact in milliseconds.
-constexpr double DurationLimitMs = 9007199254740992.0;
 
 QJsonValue jsonNumber(double number)
 {
@@ -39,7 +37,7 @@ QJsonValue jsonValueType(KiroValue::Type type)
 QJsonArray technicalRowsToJson(const KiroHeader& header)
 {
     QJsonArray rows;
-    for (const auto& [name, value] : technicalRows(header))
+    for (const auto& [name, value] : header.technicalRows())
         rows.append(QJsonArray{jsonText(name), jsonText(value)});
     return rows;
 }
@@ -47,7 +45,7 @@ QJsonArray technicalRowsToJson(const KiroHeader& header)
 /// As the interface shows it: the clock starts again after 24 hours.
 QJsonValue shownDuration(const KiroHeader& header)
 {
-    const auto ms = durationMs(header);
+    const auto ms = header.durationMSecs();
     return ms ? QJsonValue(jsonText(durationText(std::fmod(*ms, MsPerDay)))) : QJsonValue();
 }
 
@@ -116,38 +114,6 @@ QJsonArray signalsToJson(const KiroHeader& header)
     for (int i = 0; i < header.signalCount(); ++i)
         array.append(signalToJson(header, i));
     return array;
-}
-
-std::vector<std::pair<KiroString, KiroString>> technicalRows(const KiroHeader& header)
-{
-    std::vector<std::pair<KiroString, KiroString>> rows;
-    const KiroString& text = header.technicalParameters();
-    for (int start = 0; start < text.length();) {
-        const int lineEnd = text.indexOf("\n", start);
-        const int end = lineEnd < 0 ? text.length() : lineEnd;
-        const KiroString line = text.mid(start, end - start);
-        const int tab = line.indexOf("\t");
-        if (tab >= 0) {
-            // What stands behind a second tab is not shown.
-            const KiroString value = line.mid(tab + 1);
-            rows.emplace_back(line.left(tab), value.left(value.indexOf("\t")));
-        } else if (!line.isEmpty()) {
-            rows.emplace_back(line, KiroString());
-        }
-        start = end + 1;
-    }
-    return rows;
-}
-
-std::optional<double> durationMs(const KiroHeader& header)
-{
-    if (header.signalCount() == 0)
-        return std::nullopt;
-    const double ms = header.frameCount() * header.frameMSecs();
-    // Written so that NaN, of a rate without a length, has no duration either.
-    if (!(ms < DurationLimitMs))
-        return std::nullopt;
-    return std::trunc(ms);
 }
 
 KiroString durationText(double ms)

@@ -6,10 +6,6 @@
 #include <QJsonObject>
 #include <QString>
 
-#include <optional>
-#include <utility>
-#include <vector>
-
 class KiroHeader;
 
 /// A text of the core as JSON holds it: its bytes read as Latin-1, one character a byte, so that no byte
@@ -23,10 +19,5 @@ QJsonObject headerToJson(const KiroHeader& header);
 /// An object for each signal, in order.
 QJsonArray signalsToJson(const KiroHeader& header);
 
-/// Name and value of each line of the technical parameters that is not empty.
-std::vector<std::pair<KiroString, KiroString>> technicalRows(const KiroHeader& header);
-
-/// Declared length in whole milliseconds; no value without signals or where the rate has no length.
-std::optional<double> durationMs(const KiroHeader& header);
 /// "hh:mm:ss.zzz"; hours go on beyond 24. `ms` is whole, from 0 on.
 KiroString durationText(double ms);

@@ -11,6 +11,8 @@
 
 #include <QJsonDocument>
 
+#include <optional>
+
 namespace
 {
 
@@ -68,7 +70,7 @@ std::string integrityText(const KiroReader& reader, Integrity integrity)
 std::string factsText(const KiroReader& reader, Integrity integrity)
 {
     const KiroHeader& header = reader.header();
-    const auto duration = durationMs(header);
+    const auto duration = header.durationMSecs();
     TextTable table{TextTable::Align::Left, TextTable::Align::Left};
     table.addRow({"File:", reader.fileName().bytes()});
     table.addRow({"Format version:", std::to_string(header.version())});
@@ -106,7 +108,7 @@ std::string notesText(const KiroHeader& header)
 /// A section with a line for each parameter; nothing if there are none.
 std::string technicalText(const KiroHeader& header)
 {
-    const auto rows = technicalRows(header);
+    const auto rows = header.technicalRows();
     if (rows.empty())
         return {};
     TextTable table{TextTable::Align::Left, TextTable::Align::Left};

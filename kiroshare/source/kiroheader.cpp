@@ -6,6 +6,7 @@
 #include <QDataStream>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <utility>
@@ -512,6 +513,37 @@ double KiroHeader::frameFrequency() const
 double KiroHeader::frameMSecs() const
 {
     return 1000.0 / frameFrequency();
+}
+
+std::optional<double> KiroHeader::durationMSecs() const
+{
+    // From here on a double no longer tells single milliseconds.
+    constexpr double Limit = 9007199254740992.0;
+    if (m_signals.empty())
+        return std::nullopt;
+    const double duration = m_frameCount * frameMSecs();
+    // Written so that NaN, of a rate without a length, has no duration either.
+    return duration < Limit ? std::optional<double>(std::trunc(duration)) : std::nullopt;
+}
+
+std::vector<std::pair<KiroString, KiroString>> KiroHeader::technicalRows() const
+{
+    std::vector<std::pair<KiroString, KiroString>> rows;
+    const KiroString& text = m_technicalParameters;
+    for (int start = 0; start < text.length();) {
+        const int lineFeed = text.indexOf("\n", start);
+        const int end = lineFeed < 0 ? text.length() : lineFeed;
+        const KiroString line = text.mid(start, end - start);
+        const int tab = line.indexOf("\t");
+        if (tab >= 0) {
+            const KiroString value = line.mid(tab + 1);
+            rows.emplace_back(line.left(tab), value.left(value.indexOf("\t")));
+        } else if (!line.isEmpty()) {
+            rows.emplace_back(line, KiroString());
+        }
+        start = end + 1;
+    }
+    return rows;
 }
 
 bool KiroHeader::setSignalCount(int count)

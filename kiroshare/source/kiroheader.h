@@ -3,7 +3,9 @@
 #include "kirosignal.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class KiroFile;
@@ -87,6 +89,12 @@ public:
     double frameFrequency() const;
     /// Milliseconds that a frame lasts, by the first signal. Without signals a fatal error.
     double frameMSecs() const;
+
+    /// Declared length in whole milliseconds, cut; no value without signals or where the rates give none.
+    std::optional<double> durationMSecs() const;
+    /// Name and value of each line of the technical parameters that is not empty. A line without a tab has
+    /// no value; what stands behind a second tab is left out.
+    std::vector<std::pair<KiroString, KiroString>> technicalRows() const;
 
     int signalCount() const { return static_cast<int>(m_signals.size()); }
     /// Resizes the table; false, and no change, if `count` is negative or above MaxSignals.

@@ -644,3 +644,29 @@ TEST(KiroHeaderTest, TheRemarkNeverReachesAFile)
     header.setRemark("private");
     EXPECT_EQ(writtenToFile(header), before);
 }
+
+TEST(KiroHeaderTest, TechnicalRowsAreNameAndValueOfEachLine)
+{
+    KiroHeader header;
+    header.setTechnicalParameters("Gain\t8\n\nNoTab\nA\tb\tc\n\t\nLast\t");
+    using Row = std::pair<KiroString, KiroString>;
+    const std::vector<Row> expected{Row("Gain", "8"), Row("NoTab", ""), Row("A", "b"), Row("", ""),
+                                    Row("Last", "")};
+    EXPECT_EQ(header.technicalRows(), expected);
+    header.setTechnicalParameters("");
+    EXPECT_TRUE(header.technicalRows().empty());
+}
+
+TEST(KiroHeaderTest, DurationIsCutToWholeMilliseconds)
+{
+    KiroHeader header;
+    EXPECT_FALSE(header.durationMSecs());
+    header.setSignalCount(1);
+    header.setSignal(0, makeSignal("a", KiroValue::SignedInt, 2, 1, 300));
+    header.setFrameCount(1); // 3.33 ms
+    EXPECT_EQ(header.durationMSecs(), 3.0);
+    header.setFrameCount(27000000); // 25 hours
+    EXPECT_EQ(header.durationMSecs(), 90000000.0);
+    header.setSignal(0, makeSignal("a", KiroValue::SignedInt, 2, 1, 0));
+    EXPECT_FALSE(header.durationMSecs());
+}
