@@ -245,6 +245,11 @@ const bool Goals[] = {
     // Both put an hour's bytes into memory of their own; touching that memory is most of the cost.
     registerGoal({"bulk-load-to-read", "LoadAllSignalsIntoFreshMemory", "ReadBytesIntoFreshMemory",
                   Goal::Kind::AtMost, 2.5}),
+    // Without the cost of memory on the one side, and then on neither.
+    registerGoal({"bulk-load-to-read-into-one-block", "LoadAllSignalsIntoFreshMemory", "ReadBytes",
+                  Goal::Kind::Shown, 0.0}),
+    registerGoal(
+        {"recycled-bulk-load-to-read-into-one-block", "LoadAllSignals", "ReadBytes", Goal::Kind::Shown, 0.0}),
     registerGoal({"bulk-load-faster-than-getSample", "GetSampleOfAllSignals", "LoadAllSignalsIntoFreshMemory",
                   Goal::Kind::AtLeast, 8.0}),
 };

@@ -20,7 +20,7 @@ target_compile_options(kiro_options INTERFACE
   # Results must be the same doubles on every machine: no fused multiply-add.
   -ffp-contract=off
   # Messages in the log name files as they stand in the tree, not on the builder's disk.
-  "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/="
+  "-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/="
   $<$<BOOL:${KIRO_WARNINGS_AS_ERRORS}>:-Werror>
   $<$<BOOL:${KIRO_COVERAGE}>:--coverage>)
 target_link_options(kiro_options INTERFACE $<$<BOOL:${KIRO_COVERAGE}>:--coverage>)

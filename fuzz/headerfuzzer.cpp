@@ -29,9 +29,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t cou
     require(ok);
     require(again.version() == header.version() && again.signalCount() == header.signalCount());
     require(again.frameSize() == header.frameSize() && again.frameCount() == header.frameCount());
-    // Old factors between 0 and 1e-7 come to rest after one more turn.
+    // Below version 8 a factor may be turned once more.
     const std::string writtenAgain = again.toBytes();
     require(writtenAgain.size() == written.size());
+    require(header.version() < 8 || writtenAgain == written);
     (void)header.dateString();
     (void)header.timeString();
     (void)header.findSignal({"eye", "x"});

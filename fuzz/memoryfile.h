@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 #include <sys/mman.h>
@@ -29,9 +30,11 @@ private:
     int m_handle;
 };
 
-/// Ends the run with a finding if `condition` does not hold.
-inline void require(bool condition)
+/// Ends the run with a finding, and says in which line, if `condition` does not hold.
+inline void require(bool condition, int line = __builtin_LINE())
 {
-    if (!condition)
-        std::abort();
+    if (condition)
+        return;
+    std::fprintf(stderr, "the requirement in line %d does not hold\n", line);
+    std::abort();
 }

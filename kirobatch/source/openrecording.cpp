@@ -36,12 +36,13 @@ std::string contentProblem(const KiroString& path)
 {
     KiroFile file;
     KiroHeader header;
-    if (!file.open(path, KiroFile::Read) || !header.read(file))
-        return "it is no recording, or its header is damaged. Check that it is a .kiro file; import files of "
-               "other formats first.";
+    const bool open = file.open(path, KiroFile::Read);
     if (file.size() >= KiroReader::FileSizeLimit)
         return "it has " + std::to_string(file.size()) + " bytes, and only files below " +
                std::to_string(KiroReader::FileSizeLimit) + " can be read. Record or save it in parts.";
+    if (!open || !header.read(file))
+        return "it is no recording, or its header is damaged. Check that it is a .kiro file; import files of "
+               "other formats first.";
     for (int i = 0; i < header.signalCount(); ++i) {
         const std::uint32_t size = header.signal(static_cast<unsigned>(i)).sampleSize;
         if (size > KiroValue::MaxSize)

@@ -23,6 +23,8 @@ public:
         Append = 3  ///< "a+b"
     };
     enum class ByteOrder { BigEndian = 0, LittleEndian = 1 };
+    /// Files of this many bytes and more are not read as recordings: positions are signed 32-bit numbers.
+    static constexpr std::int64_t SizeLimit = std::int64_t(1) << 31;
     static constexpr ByteOrder MachineOrder = ByteOrder::LittleEndian;
     static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the machine's order is fixed as little-endian");
 
@@ -36,6 +38,8 @@ public:
     bool close();
     bool isOpen() const { return m_stream != nullptr; }
     const KiroString& name() const { return m_name; }
+    /// As given to open().
+    int mode() const { return m_mode; }
 
     /// Bytes by the file system's word, without what is still buffered; 0 if closed or unknown.
     std::int64_t size() const;

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace
@@ -358,8 +359,9 @@ void KiroHeader::clear()
     m_remark.clear();
     m_signals.clear();
     m_frameCount = 0;
-    setCurrentDate();
-    setCurrentTime();
+    const KiroDateTime now = KiroDateTime::now();
+    setDate(now);
+    setTime(now);
 }
 
 bool KiroHeader::load(const KiroString& path)
@@ -372,12 +374,23 @@ bool KiroHeader::load(const KiroString& path)
 bool KiroHeader::read(KiroFile& file)
 {
     clear();
+    if (file.size() >= KiroFile::SizeLimit)
+        return false;
     file.setByteOrder(KiroFile::ByteOrder::BigEndian);
     std::uint32_t magic = 0;
     file.readU32(magic);
     if (magic != Magic)
         return readLegacy(file);
+    try {
+        return readFields(file);
+    } catch (const std::bad_alloc&) {
+        return false; // a text may be as long as the file
+    }
+}
 
+/// What follows the mark from version 3 on.
+bool KiroHeader::readFields(KiroFile& file)
+{
     KiroHeader fresh;
     fresh.m_second = 0;
     fresh.m_millisecond = 0;
@@ -455,15 +468,23 @@ bool KiroHeader::write(QDataStream& stream) const
 
 void KiroHeader::setCurrentDate()
 {
-    const KiroDateTime now = KiroDateTime::now();
+    setDate(KiroDateTime::now());
+}
+
+void KiroHeader::setCurrentTime()
+{
+    setTime(KiroDateTime::now());
+}
+
+void KiroHeader::setDate(const KiroDateTime& now)
+{
     m_year = static_cast<std::uint16_t>(now.year());
     m_month = static_cast<std::uint8_t>(now.month());
     m_day = static_cast<std::uint8_t>(now.day());
 }
 
-void KiroHeader::setCurrentTime()
+void KiroHeader::setTime(const KiroDateTime& now)
 {
-    const KiroDateTime now = KiroDateTime::now();
     m_hour = static_cast<std::uint8_t>(now.hour());
     m_minute = static_cast<std::uint8_t>(now.minute());
     m_second = static_cast<std::uint8_t>(now.second());

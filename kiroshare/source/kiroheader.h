@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+class KiroDateTime;
 class KiroFile;
 class QDataStream;
 
@@ -33,8 +34,9 @@ public:
     /// then as after clear().
     bool load(const KiroString& path);
     /// Reads a header from the start of `file` and leaves the file in the recording's byte order. False,
-    /// and as after clear(), if the file is no recording or announces texts or signals that it cannot
-    /// hold. Numbers that are missing at the end of a cut header are 0.
+    /// and as after clear(), if the file is no recording, has KiroFile::SizeLimit bytes or more, or
+    /// announces texts or signals that it or the memory cannot hold. Numbers that are missing at the end of
+    /// a cut header are 0.
     bool read(KiroFile& file);
     /// Writes the form of the header's own version and sets the byte order that the samples have.
     /// Always true; whether the bytes were taken is the stream's to say.
@@ -130,6 +132,9 @@ private:
     static void walkFields(Walk& walk, Header& header);
 
     bool readLegacy(KiroFile& file);
+    bool readFields(KiroFile& file);
+    void setDate(const KiroDateTime& now);
+    void setTime(const KiroDateTime& now);
     bool hasSignal(int index) const { return index >= 0 && index < signalCount(); }
     /// The descriptor, or a fatal error with `message`.
     const KiroSignal& checkedSignal(int index, const char* message) const;

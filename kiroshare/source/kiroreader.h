@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kirofile.h"
 #include "kiroheader.h"
 #include "kirovalue.h"
 
@@ -8,8 +9,6 @@
 #include <cstdint>
 #include <memory>
 #include <vector>
-
-class KiroFile;
 
 /// Random access to the samples of a recording, and the way to rewrite its header.
 ///
@@ -22,7 +21,7 @@ class KiroReader
 {
 public:
     /// Files of this many bytes and more are refused: positions are signed 32-bit numbers.
-    static constexpr std::int64_t FileSizeLimit = std::int64_t(1) << 31;
+    static constexpr std::int64_t FileSizeLimit = KiroFile::SizeLimit;
 
     KiroReader() = default;
     ~KiroReader();
@@ -73,10 +72,11 @@ public:
     /// Whether the declared number of frames is the number of whole frames that the file holds.
     bool checkIntegrity();
 
-    /// Writes the header into the file. From version 6 on only the bytes that differ are written, in
-    /// place. Older headers may change their size; the file is then written anew beside the old one and
-    /// renamed, so that a crash leaves the old or the new file. If such a header shrinks, the file keeps
-    /// its length and the bytes at its end.
+    /// Writes the header into the file. From version 6 on only the stretch of bytes that differ is written,
+    /// in place; a header that would no longer have the size of the file's is refused. Older headers may
+    /// change their size; the file is then written anew beside the old one and renamed, so that a crash
+    /// leaves the old or the new file. If such a header shrinks, the file keeps its length and the bytes at
+    /// its end.
     bool updateHeader();
 
     /// Reads a stretch of one signal into `out`: `count` samples from `first` on, all that remain if

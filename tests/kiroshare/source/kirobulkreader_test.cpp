@@ -272,14 +272,56 @@ TEST_F(KiroBulkReaderTest, DeclaredFramesThatAreNotStoredAreAnError)
     EXPECT_EQ(
         bulk.errorText().bytes(),
         KiroString("KiroBulkReader - the file cannot be read or ends before its last declared frame (frames "
-                         "needed: 10, frames readable: 9, file: %1)")
-                  .arg(m_path)
-                  .bytes());
+                   "needed: 10, frames readable: 9, file: %1)")
+            .arg(m_path)
+            .bytes());
     EXPECT_TRUE(all.empty());
     std::vector<double> samples;
     EXPECT_FALSE(bulk.readSignal(0, 0, 20, false, samples, m_progress));
     EXPECT_TRUE(bulk.readSignal(0, 0, 18, false, samples, m_progress));
     EXPECT_EQ(samples.size(), 18u);
+}
+
+namespace
+{
+
+/// Cuts the file when it is asked for the second time.
+class CuttingProgress final : public JobProgress
+{
+public:
+    explicit CuttingProgress(const QString& path)
+        : m_path(path)
+    {
+    }
+
+    void setRange(int, int) override {}
+    void setValue(int) override {}
+    void setText(const QString&) override {}
+    bool cancelled() override
+    {
+        if (++m_calls == 2)
+            QFile::resize(m_path, 300000);
+        return false;
+    }
+
+private:
+    QString m_path;
+    int m_calls = 0;
+};
+
+} // namespace
+
+TEST_F(KiroBulkReaderTest, AFileThatShrinksUnderWayIsAnError)
+{
+    makeRecording({makeSignal("a", KiroValue::Float, 8, 8)}, 30000); // 1.9 MB, several blocks
+    CuttingProgress progress(m_path.toQString());
+    KiroBulkReader bulk(m_reader);
+    std::vector<SampleVector> all;
+    EXPECT_FALSE(bulk.readAll(all, progress));
+    EXPECT_EQ(bulk.errorText().bytes(),
+              KiroString("KiroBulkReader - reading file %1 failed").arg(m_path).bytes());
+    EXPECT_FALSE(bulk.wasCancelled());
+    EXPECT_TRUE(all.empty());
 }
 
 TEST_F(KiroBulkReaderTest, ReadableFramesAreDeclaredAndStored)

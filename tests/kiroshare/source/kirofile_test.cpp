@@ -126,6 +126,15 @@ TEST(KiroFileTest, ShortRawReadAtTheEndGivesMinusOne)
     EXPECT_EQ(file.readRaw(buffer, -1), -1);
 }
 
+TEST(KiroFileTest, AReadThatFailsForAnotherReasonThanTheEndGivesItsCount)
+{
+    const TestFolder folder;
+    KiroFile file;
+    ASSERT_TRUE(file.open(folder.write(QStringLiteral("n"), ""), KiroFile::Create)); // for writing only
+    char c = 0;
+    EXPECT_EQ(file.readRaw(&c, 1), 0);
+}
+
 TEST(KiroFileTest, RawCallsOnAClosedFileGiveMinusOne)
 {
     KiroFile file;

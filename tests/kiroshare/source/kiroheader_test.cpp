@@ -7,10 +7,15 @@
 #include <QBuffer>
 #include <QDataStream>
 #include <QDateTime>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace
 {
@@ -100,6 +105,18 @@ std::string writtenToStream(const KiroHeader& header)
     return buffer.data().toStdString();
 }
 
+/// Makes allocations of a gibibyte fail. The sanitizers' own memory leaves no room for a limit, but they can
+/// be told; without them the system's limit does it.
+void failLargeAllocations()
+{
+    struct rlimit limit = {};
+    ::getrlimit(RLIMIT_AS, &limit);
+    limit.rlim_cur = rlim_t(1) << 30;
+#ifndef __SANITIZE_ADDRESS__
+    ::setrlimit(RLIMIT_AS, &limit);
+#endif
+}
+
 class EveryVersion : public testing::TestWithParam<std::uint32_t>
 {
 };
@@ -169,6 +186,24 @@ TEST_P(EveryVersion, AHeaderCutInItsLastNumbersReadsThemAsZero)
     const KiroHeader header = readBytes(bytes.substr(0, bytes.size() - 1));
     EXPECT_EQ(header.frameCount(), 0u);
     EXPECT_EQ(header.signal(0).samplesPerPeriod, 500u);
+}
+
+TEST_P(EveryVersion, NumbersBehindACutAreZeroWhateverTheirKind)
+{
+    // The texts and dates of a header without signals, cut before the day.
+    const std::uint32_t version = GetParam();
+    const std::string bytes = headerBytes(version);
+    const std::string start = bytes.substr(0, bytes.find(std::string("\x1f\x0c\x07\xe5", 4)));
+    const KiroHeader header = readBytes(start);
+    EXPECT_EQ(header.day(), 0);
+    EXPECT_EQ(header.month(), 0);
+    EXPECT_EQ(header.year(), 0);
+    EXPECT_EQ(header.hour(), 0);
+    EXPECT_EQ(header.minute(), 0);
+    EXPECT_EQ(header.second(), 0);
+    EXPECT_EQ(header.millisecond(), 0);
+    EXPECT_EQ(header.signalCount(), 0);
+    EXPECT_EQ(header.notes().bytes(), "notes");
 }
 
 TEST_P(EveryVersion, EveryCutIsReadOrRefusedAndNeverRunsOver)
@@ -379,6 +414,30 @@ TEST(KiroHeaderTest, AnnouncedTextsMustFitTheFile)
     }
 }
 
+TEST(KiroHeaderTest, ADescriptorCutInItsFactorReadsZero)
+{
+    const std::string bytes = headerBytes(12);
+    const KiroSignal signal = readBytes(bytes.substr(0, 2198 + 180)).signal(0);
+    EXPECT_EQ(signal.sampleSize, 2u);
+    EXPECT_EQ(signal.calibrationFactor, 0.0);
+    EXPECT_FALSE(signal.calibrated);
+    const KiroSignal shorter = readBytes(bytes.substr(0, 2198 + 170)).signal(0);
+    EXPECT_EQ(shorter.ratePeriod, 2000u);
+    EXPECT_EQ(shorter.valueType, KiroValue::Object);
+    EXPECT_EQ(shorter.sampleSize, 0u);
+}
+
+TEST(KiroHeaderTest, AllButTheLastDescriptorMustBeWhole)
+{
+    std::string bytes = headerBytes(12);
+    bytes[2197] = '\x04';
+    bytes += std::string(2 * 261, '\0'); // three whole descriptors, and the frame count as part of a fourth
+    EXPECT_TRUE(loads(bytes));
+    bytes[2197] = '\x05';
+    EXPECT_FALSE(loads(bytes));
+    EXPECT_FALSE(loads(bytes.substr(0, bytes.size() - 5)));
+}
+
 TEST(KiroHeaderTest, AnnouncedSignalsMustFitTheFile)
 {
     std::string bytes = headerBytes(12);
@@ -407,16 +466,53 @@ TEST(KiroHeaderTest, OtherFilesAreRefused)
     EXPECT_FALSE(header.load("no/such/file.kiro"));
 }
 
-TEST(KiroHeaderTest, AFailedLoadLeavesAClearHeader)
+TEST(KiroHeaderTest, AFailedReadLeavesAClearHeader)
 {
     const TestFolder folder;
+    const KiroString path = folder.write(QStringLiteral("x"), "no recording");
+    KiroFile file;
+    ASSERT_TRUE(file.open(path, KiroFile::Read));
+    for (const bool byLoad : {true, false}) {
+        KiroHeader header;
+        header.setSignalCount(3);
+        header.setNotes("old");
+        header.setRemark("old");
+        EXPECT_FALSE(byLoad ? header.load(path) : header.read(file));
+        EXPECT_EQ(header.signalCount(), 0);
+        EXPECT_TRUE(header.notes().isEmpty());
+        EXPECT_TRUE(header.remark().isEmpty());
+        EXPECT_EQ(header.version(), 12u);
+    }
+}
+
+TEST(KiroHeaderTest, FilesOfTwoGibibytesAreRefusedBeforeTheirTextsAreRead)
+{
+    const TestFolder folder;
+    const std::string start = ByteBuilder().u32(Magic).u32(3).u32(0).u32(0xfffffff0).bytes();
+    const KiroString path = folder.write(QStringLiteral("x"), start);
+    ASSERT_TRUE(QFile::resize(path.toQString(), (qint64(1) << 32) + 100)); // sparse
     KiroHeader header;
-    header.setSignalCount(3);
-    header.setNotes("old");
-    EXPECT_FALSE(header.load(folder.write(QStringLiteral("x"), "no recording")));
-    EXPECT_EQ(header.signalCount(), 0);
-    EXPECT_TRUE(header.notes().isEmpty());
-    EXPECT_EQ(header.version(), 12u);
+    EXPECT_FALSE(header.load(path));
+}
+
+// In a child with little memory: a text as long as a file of nearly 2 GiB.
+TEST(KiroHeaderTest, ATextThatDoesNotFitTheMemoryIsRefused)
+{
+    const TestFolder folder;
+    const std::string start = ByteBuilder().u32(Magic).u32(3).u32(0).u32(0x7fffff00).bytes();
+    const KiroString path = folder.write(QStringLiteral("x"), start);
+    ASSERT_TRUE(QFile::resize(path.toQString(), (qint64(1) << 31) - 1)); // sparse
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        failLargeAllocations();
+        KiroHeader header;
+        ::_exit(header.load(path) ? 1 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status)) << "killed by signal " << WTERMSIG(status);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 TEST(KiroHeaderTest, LegacyFormHasAFixedTable)

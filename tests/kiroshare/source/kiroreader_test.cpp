@@ -66,6 +66,15 @@ TEST_F(KiroReaderTest, SetFileLoadsTheHeader)
     EXPECT_EQ(reader.readSize(), 0);
 }
 
+TEST_F(KiroReaderTest, SuccessClearsTheErrorText)
+{
+    KiroReader reader;
+    EXPECT_FALSE(reader.setFile("/no/such.kiro"));
+    EXPECT_FALSE(reader.errorText().isEmpty());
+    ASSERT_TRUE(reader.setFile(writeRecording()));
+    EXPECT_TRUE(reader.errorText().isEmpty());
+}
+
 TEST_F(KiroReaderTest, SecondFileIsRefusedAndTheFirstStays)
 {
     KiroReader reader;
@@ -117,8 +126,8 @@ TEST_F(KiroReaderTest, FilesOfTwoGibibytesAreRefused)
     EXPECT_EQ(
         reader.errorText().bytes(),
         quoted("KiroReader::setFile(const KiroString&) - file size 2147483648 is too large, sizes below "
-                     "2147483648 can be read (%1)",
-                     m_path));
+               "2147483648 can be read (%1)",
+               m_path));
     resizeFile((qint64(1) << 31) - 1);
     EXPECT_TRUE(reader.setFile(m_path));
 }
@@ -185,6 +194,15 @@ TEST_F(KiroReaderTest, ReadSizeOfZeroIsRefused)
     EXPECT_EQ(reader.errorText().bytes(),
               "KiroReader::setBufferSize(int) - memory allocation error (size 4294967294)");
     EXPECT_EQ(reader.readSize(), 30);
+    EXPECT_EQ(reader.readBack(), 10);
+}
+
+TEST_F(KiroReaderTest, ABufferOfJustTheReadSizeKeepsTheReadBack)
+{
+    KiroReader reader;
+    ASSERT_TRUE(reader.setReadSize(10, 90));
+    ASSERT_TRUE(reader.setBufferSize(100));
+    EXPECT_EQ(reader.readSize(), 100);
     EXPECT_EQ(reader.readBack(), 10);
 }
 
@@ -408,6 +426,29 @@ TEST_F(KiroReaderTest, RangesThatDoNotOverlapAreReadWhole)
     EXPECT_EQ(reader.getSample(0, 50).toInt32(), 0x5555);
     ASSERT_TRUE(reader.readFile(400, 100));
     EXPECT_EQ(reader.getSample(0, 249).toInt32(), 249);
+}
+
+// The buffer holds 100 to 199. Requests that only touch its edges are no overlap.
+TEST_F(KiroReaderTest, RequestsThatEndOrBeginAtTheBuffersEdgesAreReadWhole)
+{
+    const std::pair<int, int> requests[] = {{60, 41},   // ends at the buffer's first byte
+                                            {60, 140},  // ends at its last byte
+                                            {100, 140}, // begins at its first byte
+                                            {199, 60},  // begins at its last byte
+                                            {100, 50},  // begins with it, ends inside
+                                            {150, 50}}; // begins inside, ends with it
+    for (const auto& [start, length] : requests) {
+        KiroReader reader;
+        ASSERT_TRUE(reader.setFile(writeRecording()));
+        ASSERT_TRUE(reader.setBufferSize(200));
+        ASSERT_TRUE(reader.readFile(100, 100));
+        patchData(0, std::string(800, '\x55'));
+        ASSERT_TRUE(reader.readFile(start, length));
+        const int first = (start + 1) / 2;
+        const int last = (start + length) / 2 - 1;
+        EXPECT_EQ(reader.getSample(0, first).toInt32(), 0x5555) << start << " " << length;
+        EXPECT_EQ(reader.getSample(0, last).toInt32(), 0x5555) << start << " " << length;
+    }
 }
 
 TEST_F(KiroReaderTest, AFailedReadLeavesTheBuffer)

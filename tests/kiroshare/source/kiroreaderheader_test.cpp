@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdio>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -119,6 +120,72 @@ TEST_F(UpdateHeader, FixedHeadersAreWrittenInPlace)
     EXPECT_EQ(result, m_newHeader + data);
     EXPECT_EQ(inodeOf(m_path), inode);
     EXPECT_EQ(result.substr(140, 10), std::string("new notes\0", 10));
+}
+
+// What lies outside of the change is not written: other bytes put there meanwhile stay.
+TEST_F(UpdateHeader, OnlyTheStretchThatDiffersIsWritten)
+{
+    const KiroHeader header = makeHeader({makeSignal("s", KiroValue::UnsignedInt, 2, 1)}, 7);
+    m_path = m_folder.write(QStringLiteral("u.kiro"), header.toBytes() + countingWords(7));
+    KiroReader reader;
+    ASSERT_TRUE(reader.setFile(m_path));
+    reader.header().setNotes("abc");
+    // A write of the whole header would go beyond this limit.
+    struct rlimit limit = {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    struct rlimit small = limit;
+    small.rlim_cur = 150; // the notes begin at 140
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool updated = reader.updateHeader();
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_TRUE(updated);
+    EXPECT_EQ(fileBytes(m_path), reader.header().toBytes() + countingWords(7));
+}
+
+TEST_F(UpdateHeader, AHeaderThatIsTheSameWritesNothing)
+{
+    const KiroHeader header = makeHeader({makeSignal("s", KiroValue::UnsignedInt, 2, 1)}, 7);
+    const std::string before = header.toBytes() + countingWords(7);
+    m_path = m_folder.write(QStringLiteral("u.kiro"), before);
+    KiroReader reader;
+    ASSERT_TRUE(reader.setFile(m_path));
+    EXPECT_TRUE(reader.updateHeader());
+    EXPECT_EQ(fileBytes(m_path), before);
+}
+
+// A name of bytes that are no text of the locale: Qt would write the new file under another name.
+TEST_F(UpdateHeader, AFileWhoseNameQtCannotSpellIsNotReplaced)
+{
+    const std::string before = oldHeader(3, "abc", 2) + countingWords(2);
+    const KiroString plain = m_folder.write(QStringLiteral("u.kiro"), before);
+    const KiroString odd = KiroString(m_folder.path(QString())) + KiroString::fromBytes("/\xff\xfe.kiro");
+    ASSERT_EQ(std::rename(plain.c_str(), odd.c_str()), 0);
+    KiroReader reader;
+    ASSERT_TRUE(reader.setFile(odd));
+    reader.header().setNotes("longer notes");
+    EXPECT_FALSE(reader.updateHeader());
+    EXPECT_EQ(reader.errorText().bytes(), "KiroReader::updateHeader() - opening file for writing failed");
+    KiroReader again;
+    ASSERT_TRUE(again.setFile(odd));
+    EXPECT_EQ(again.header().notes().bytes(), "abc");
+    EXPECT_EQ(again.getSample(0, 1).toInt32(), 1);
+    std::remove(odd.c_str()); // the folder's own clean-up cannot spell it either
+}
+
+TEST_F(UpdateHeader, AFileThatWouldReachTwoGibibytesIsNotWritten)
+{
+    const std::string header = oldHeader(3, "abc", 2);
+    m_path = m_folder.write(QStringLiteral("u.kiro"), header + countingWords(2));
+    const qint64 size = (qint64(1) << 31) - 4;
+    ASSERT_TRUE(QFile::resize(m_path.toQString(), size)); // sparse
+    KiroReader reader;
+    ASSERT_TRUE(reader.setFile(m_path));
+    reader.header().setNotes("longer notes");
+    EXPECT_FALSE(reader.updateHeader());
+    EXPECT_EQ(reader.errorText().bytes(), "KiroReader::updateHeader() - saving new header failed");
+    EXPECT_EQ(QFileInfo(m_path.toQString()).size(), size);
 }
 
 TEST_F(UpdateHeader, OldHeadersOfTheSameSizeAreWrittenInPlace)
