@@ -1,9 +1,12 @@
+#include "checkcommand.h"
 #include "commandline.h"
 #include "diagnostics.h"
 #include "dumpcommand.h"
+#include "importcommand.h"
 #include "infocommand.h"
 #include "kiroutils.h"
 #include "output.h"
+#include "repaircommand.h"
 #include "signalscommand.h"
 
 #include <QCommandLineParser>
@@ -20,20 +23,36 @@ struct Command
     Outcome (*run)(const QStringList& arguments);
 };
 
-constexpr Command Commands[] = {{"info", runInfo}, {"signals", runSignals}, {"dump", runDump}};
+constexpr Command Commands[] = {
+    {"info", runInfo},     {"signals", runSignals}, {"dump", runDump},
+    {"import", runImport}, {"check", runCheck},     {"repair", runRepair},
+};
 
 constexpr const char* Description =
-    "Looks into recordings (.kiro) from the command line.\n"
+    "Looks into recordings (.kiro) from the command line, and mends them.\n"
     "\n"
     "Commands:\n"
     "  info FILE     Header, technical parameters, duration and integrity.\n"
     "  signals FILE  The table of the signals.\n"
     "  dump FILE     The samples of one signal, one value a line.\n"
+    "  import FILE   A BDF or EDF file, written as a recording.\n"
+    "  check FILE    What is wrong or odd about the file, one finding a line.\n"
+    "  repair FILE   Puts the packet count right.\n"
     "\n"
     "'kirobatch COMMAND --help' tells the options of a command.\n"
     "\n"
     "The exit status is 0 after success, 1 if the job failed and 2 after wrong usage;\n"
     "standard error then says why.";
+
+/// "info, signals or dump", of all commands.
+QString commandNames()
+{
+    QStringList names;
+    for (const Command& command : Commands)
+        names << QString::fromLatin1(command.name);
+    const QString last = names.takeLast();
+    return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+}
 
 Outcome print(const QString& text)
 {
@@ -45,7 +64,7 @@ Outcome print(const QString& text)
 Outcome runCommand(const QStringList& commandAndArguments)
 {
     if (commandAndArguments.isEmpty())
-        return wrongUsage("the command is missing: give info, signals or dump.");
+        return wrongUsage("the command is missing: give " + commandNames().toStdString() + ".");
     const std::string name = argumentBytes(commandAndArguments.first());
     for (const Command& command : Commands) {
         if (name == command.name)
@@ -63,7 +82,7 @@ Outcome run(const QStringList& arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromLatin1(Description));
     parser.addOptions({help, version});
-    parser.addPositionalArgument(QStringLiteral("COMMAND"), QStringLiteral("info, signals or dump."),
+    parser.addPositionalArgument(QStringLiteral("COMMAND"), commandNames() + QLatin1Char('.'),
                                  QStringLiteral("COMMAND ..."));
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     if (!parser.parse(arguments))

@@ -1,6 +1,7 @@
 #include "coretextcases.h"
 
 #include "corpus.h"
+#include "inicases.h"
 #include "kirostring.h"
 #include "objects.h"
 #include "report.h"
@@ -57,6 +58,8 @@ void checkCoreText(const GoldenCase& golden, Report& report)
             runCalls(field.key(), field.value(), "text value ok", checkToInt, report);
         else if (field.key() == QLatin1String("arg"))
             runCalls(field.key(), field.value(), "template value width base fill result", checkArg, report);
+        else if (field.key() == QLatin1String("relativePaths"))
+            runCalls(field.key(), field.value(), "base path relative", checkRelativePath, report);
         else
             report.skip(field.key());
     }

@@ -1,7 +1,9 @@
 #include "corpus.h"
 
+#include "bdfcases.h"
 #include "coretextcases.h"
 #include "files.h"
+#include "inicases.h"
 #include "recordingcases.h"
 #include "report.h"
 
@@ -21,6 +23,9 @@ const QString IndexName = QStringLiteral("INDEX.json");
 constexpr CaseKind Kinds[] = {
     {"recording", checkRecording, surviveRecording},
     {"coreText", checkCoreText, nullptr},
+    {"ini", checkIni, nullptr},
+    {"iniSteps", checkIniSteps, nullptr},
+    {"bdf", checkBdf, surviveBdf},
 };
 
 const CaseKind* findKind(const QString& name)

@@ -15,6 +15,7 @@ namespace
 const QString Corpus = QStringLiteral(KIRO_TEST_DATA "/formats");
 const QString Mixed = QStringLiteral("recordings/v12_mixed.kiro");
 const QString CoreTexts = QStringLiteral("ini/core_texts.txt");
+const QString IniSteps = QStringLiteral("ini/steps.txt");
 
 /// What a run of golden_runner has printed and how it ended.
 struct Outcome
@@ -117,7 +118,11 @@ private:
 
 QString kindOf(const QString& name)
 {
-    return name == CoreTexts ? QStringLiteral("coreText") : QStringLiteral("recording");
+    if (name == CoreTexts)
+        return QStringLiteral("coreText");
+    if (name == IniSteps)
+        return QStringLiteral("iniSteps");
+    return name.endsWith(QStringLiteral(".ini")) ? QStringLiteral("ini") : QStringLiteral("recording");
 }
 
 } // namespace
@@ -177,6 +182,9 @@ TEST_P(ChangedExpectation, IsTheOnlyDifference)
 }
 
 const QString ValueTypes = QStringLiteral("recordings/v03_value_types.kiro");
+const QString TooShort = QStringLiteral("recordings/v03_count_high.kiro");
+const QString IniNumbers = QStringLiteral("ini/numbers.ini");
+const QString IniPens = QStringLiteral("ini/pens.ini");
 
 INSTANTIATE_TEST_SUITE_P(
     LastDigits, ChangedExpectation,
@@ -217,6 +225,16 @@ INSTANTIATE_TEST_SUITE_P(
         LastDigit{"UpdateHeaderSize", Mixed, "\"updateHeader\"", "4918", "4917", "ops[19] updateHeader.size"},
         LastDigit{"InputSize", Mixed, "{", "\"fileSize\": 4918", "\"fileSize\": 4919", "fileSize"},
         LastDigit{"ToInt", CoreTexts, "{", "123456,", "123457,", "toInt[14].value"},
+        LastDigit{"RepairReason", TooShort, "\"repair\"", "declares\"", "declared\"", "repair.reason"},
+        LastDigit{"RelativePath", CoreTexts, "\"relativePaths\"", "\"../c/r.kiro\"", "\"../d/r.kiro\"",
+                  "relativePaths[1].relative"},
+        LastDigit{"IniText", IniNumbers, "\"text\"", "a=12", "a=13", "text"},
+        LastDigit{"IniSections", IniNumbers, "\"sections\"", "\"12\"", "\"13\"", "sections"},
+        LastDigit{"IniInteger", IniNumbers, "\"getters\"", "\"value\": 12", "\"value\": 13", "getters[0]"},
+        LastDigit{"IniPen", IniPens, "\"key\": \"e\"", "    2\n", "    1\n", "getters[4]"},
+        LastDigit{"IniStepText", IniSteps, "{", "d=0.1000000000", "d=0.1000000001", "steps[6].text"},
+        LastDigit{"IniStepResult", IniSteps, "\"removeSection\"", "\"result\": false", "\"result\": true",
+                  "steps[14].result"},
         LastDigit{"Arg", CoreTexts, "\"arg\"", "   12345\"", "   12346\"", "arg[5].result"}),
     [](const testing::TestParamInfo<LastDigit>& row) { return std::string(row.param.name); });
 

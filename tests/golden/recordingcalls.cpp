@@ -4,6 +4,7 @@
 #include "files.h"
 #include "objects.h"
 #include "recording.h"
+#include "recordingrepair.h"
 #include "report.h"
 #include "roads.h"
 
@@ -39,20 +40,19 @@ QByteArray writtenByStream(const KiroHeader& header)
     return bytes;
 }
 
-/// Sets the frame count of the file to the number of whole frames that it holds, if that is no less than
-/// it declares. False, with the file as it was, if there is nothing to go by.
-bool repairFrameCount(const QString& path, KiroHeader& header)
+/// A refusal to repair in the words of the corpus.
+std::string reasonOf(const RepairResult& result)
 {
-    if (!header.load(KiroString(path)))
-        return false;
-    const qint64 data = QFileInfo(path).size() - qint64(header.headerSize());
-    const qint64 frameSize = header.frameSize();
-    if (frameSize == 0 || data < 0 || data / frameSize < qint64(header.frameCount()) || data / frameSize == 0)
-        return false;
-    header.setFrameCount(static_cast<std::uint32_t>(data / frameSize));
-    KiroFile file;
-    return file.open(KiroString(path), KiroFile::Update) && file.seek(0) && header.write(file) &&
-           file.close();
+    switch (result.outcome) {
+    case RepairResult::Outcome::NoHeader:
+        return "the header can not be loaded";
+    case RepairResult::Outcome::DataTooShort:
+        return "the data is shorter than the header declares";
+    case RepairResult::Outcome::NoWholeFrame:
+        return "no whole frame of data";
+    default:
+        return result.logText.toStdString();
+    }
 }
 
 /// The answers of one whole-signal read.
@@ -173,14 +173,16 @@ Verdict checkWrittenHeader(const Recording& recording, const QJsonObject& wanted
 Verdict checkRepair(const GoldenCase& golden, const QJsonObject& wanted)
 {
     const TemporaryCopy copy(golden.inputPath);
-    KiroHeader header;
-    const bool repaired = repairFrameCount(copy.path(), header);
+    const RepairResult result = repairRecording(copy.corePath());
     Verdict verdict =
-        at(QStringLiteral(".result"), compareBool(wanted.value(QLatin1String("result")), repaired));
+        at(QStringLiteral(".result"), compareBool(wanted.value(QLatin1String("result")), result.ok()));
+    const QJsonValue reason = wanted.value(QLatin1String("reason"));
+    if (!reason.isUndefined())
+        append(verdict, at(QStringLiteral(".reason"), compareText(reason, reasonOf(result))));
     const QJsonValue frames = wanted.value(QLatin1String("frameCount"));
     if (!frames.isUndefined())
         append(verdict,
-               at(QStringLiteral(".frameCount"), compareNumber(frames, toNumber(header.frameCount()))));
+               at(QStringLiteral(".frameCount"), compareNumber(frames, toNumber(result.calculatedFrames))));
     append(verdict, compareContent(wanted, copy.bytes()));
     return verdict;
 }

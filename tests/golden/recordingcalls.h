@@ -11,8 +11,8 @@ struct GoldenCase;
 /// The header as written back unchanged, to a KiroFile and to a QDataStream: keys size and sha256.
 Verdict checkWrittenHeader(const Recording& recording, const QJsonObject& wanted);
 
-/// Repair of the frame count, on a copy of the file: keys result, and frameCount and sha256 of the whole
-/// file. The reason of a refusal is for people and not compared.
+/// Repair of the frame count, on a copy of the file: keys result, reason of a refusal, and frameCount and
+/// sha256 of the whole file.
 Verdict checkRepair(const GoldenCase& golden, const QJsonObject& wanted);
 
 /// KiroHeader::findSignal: keys names and index.

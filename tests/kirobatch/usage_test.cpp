@@ -24,12 +24,16 @@ TEST(KirobatchHelp, NamesEveryCommandAndTheExitStatuses)
     EXPECT_THAT(run.output, HasSubstr("  info FILE "));
     EXPECT_THAT(run.output, HasSubstr("  signals FILE "));
     EXPECT_THAT(run.output, HasSubstr("  dump FILE "));
+    EXPECT_THAT(run.output, HasSubstr("  check FILE "));
+    EXPECT_THAT(run.output, HasSubstr("  repair FILE "));
+    EXPECT_THAT(run.output, HasSubstr("  import FILE "));
     EXPECT_THAT(run.output, HasSubstr("0 after success, 1 if the job failed and 2 after wrong usage"));
 }
 
 TEST(KirobatchHelp, FitsATerminalOf80Columns)
 {
-    for (const char* arguments : {"--help", "info --help", "signals --help", "dump --help"}) {
+    for (const char* arguments : {"--help", "info --help", "signals --help", "dump --help", "import --help",
+                                  "check --help", "repair --help"}) {
         const QString help = QString::fromStdString(runBatch(words(arguments)).output);
         for (const QString& line : help.split(QLatin1Char('\n')))
             EXPECT_LE(line.size(), 80) << arguments << ": " << line.toStdString();
@@ -75,6 +79,12 @@ TEST(KirobatchHelp, OfDumpNamesEveryOption)
         EXPECT_THAT(help, HasSubstr(option));
 }
 
+TEST(KirobatchHelp, OfCheckAndRepairNamesTheirOptions)
+{
+    EXPECT_THAT(runBatch(words("check --help")).output, HasSubstr("--json"));
+    EXPECT_THAT(runBatch(words("repair --help")).output, HasSubstr("--dry-run"));
+}
+
 struct WrongUsage
 {
     const char* name;
@@ -105,7 +115,8 @@ TEST_P(KirobatchWrongUsage, EndsWithStatus2AndPointsToTheHelp)
 INSTANTIATE_TEST_SUITE_P(
     Cases, KirobatchWrongUsage,
     testing::Values(
-        WrongUsage{"NoCommand", "", "the command is missing: give info, signals or dump.",
+        WrongUsage{"NoCommand", "",
+                   "the command is missing: give info, signals, dump, import, check or repair.",
                    "kirobatch --help"},
         WrongUsage{"UnknownCommand", "frobnicate x.kiro", "there is no command 'frobnicate'.",
                    "kirobatch --help"},
@@ -117,6 +128,13 @@ INSTANTIATE_TEST_SUITE_P(
                    "the FILE is missing: give the path of a recording (.kiro).", "kirobatch signals --help"},
         WrongUsage{"DumpWithoutFile", "dump --signal 0",
                    "the FILE is missing: give the path of a recording (.kiro).", "kirobatch dump --help"},
+        WrongUsage{"CheckWithoutFile", "check", "the FILE is missing: give the path of a recording (.kiro).",
+                   "kirobatch check --help"},
+        WrongUsage{"RepairWithoutFile", "repair --dry-run",
+                   "the FILE is missing: give the path of a recording (.kiro).", "kirobatch repair --help"},
+        WrongUsage{"RepairOfTwoFiles", "repair a.kiro b.kiro",
+                   "one FILE is read at a time, and 'b.kiro' is one argument too many.",
+                   "kirobatch repair --help"},
         WrongUsage{"TwoFiles", "info a.kiro b.kiro",
                    "one FILE is read at a time, and 'b.kiro' is one argument too many.",
                    "kirobatch info --help"},

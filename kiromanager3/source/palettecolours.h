@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+/// The colour of texts that stand back: the text colour drawn towards the background, yet with a contrast of
+/// more than 4.5 to 1 wherever the palette's own texts have the usual one.
+QColor mutedTextColour(const QPalette& palette);

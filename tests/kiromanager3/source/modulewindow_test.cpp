@@ -1,0 +1,151 @@
+#include "modulewindow.h"
+
+#include "appconfig.h"
+#include "openevents.h"
+#include "reviewframeimpl.h"
+#include "saccadecenterimpl.h"
+#include "support/recordingbuilder.h"
+#include "windows/messagerecorder.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QScreen>
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+const QString Section = QStringLiteral("SIGNALS_REVIEW");
+
+class ModuleWindowTest : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(appConfig().setConfigFile(m_folder.path(QStringLiteral("k.ini")))); }
+    void TearDown() override
+    {
+        qDeleteAll(m_opened);
+        EXPECT_EQ(MessageRecorder::texts(), QStringList());
+    }
+
+    template <typename Window = ReviewFrame>
+    Window* open(const QString& section = Section)
+    {
+        auto* const window = openModuleWindow<Window>(section);
+        m_opened.append(window);
+        return window;
+    }
+    void writeSettings(const std::string& text) const { m_folder.write(QStringLiteral("k.ini"), text); }
+    std::string settings() const { return fileBytes(appConfig().configFile().toLocal8Bit().constData()); }
+
+    TestFolder m_folder;
+    MessageRecorder m_messages;
+
+private:
+    QList<QPointer<QWidget>> m_opened;
+};
+
+} // namespace
+
+TEST_F(ModuleWindowTest, FirstOneIsShownInItsOwnSizeAndCentred)
+{
+    const QSize own = ReviewFrame().size();
+    const QWidget* const window = open();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(window->isMaximized());
+    EXPECT_EQ(window->size(), own);
+    const QSize desktop = QGuiApplication::primaryScreen()->size();
+    EXPECT_NEAR(window->x(), desktop.width() / 2 - own.width() / 2, 1);
+    EXPECT_NEAR(window->y(), desktop.height() / 2 - own.height() / 2, 1);
+}
+
+TEST_F(ModuleWindowTest, StandsWhereTheSectionSays)
+{
+    writeSettings("[SIGNALS_REVIEW]\nwin_pos=12,34\nwin_size=456,321\n");
+    const QWidget* const window = open();
+    EXPECT_EQ(window->pos(), QPoint(12, 34));
+    EXPECT_EQ(window->size(), QSize(456, 321));
+}
+
+TEST_F(ModuleWindowTest, IsMaximizedIfTheSectionSaysSo)
+{
+    writeSettings("[SIGNALS_REVIEW]\nwin_max=1\n");
+    EXPECT_TRUE(open()->isMaximized());
+}
+
+TEST_F(ModuleWindowTest, ReadsNoOtherSection)
+{
+    writeSettings("[SACCADE_CENTER]\nwin_pos=12,34\nwin_size=456,321\nwin_max=1\n");
+    EXPECT_NE(open()->pos(), QPoint(12, 34));
+    EXPECT_EQ(open<SaccadeCenter>(SaccadeCenter::section())->isMaximized(), true);
+}
+
+TEST_F(ModuleWindowTest, ClosingReplacesItsSectionAndDestroysIt)
+{
+    writeSettings("[GENERAL]\nlanguage=English\n\n[SIGNALS_REVIEW]\nold_key=1\nwin_max=1\n");
+    const QPointer<QWidget> window = open();
+    window->showNormal();
+    window->move(12, 34);
+    window->resize(456, 321);
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(settings(), "[GENERAL]\nlanguage=English\n\n[SIGNALS_REVIEW]\nwin_max=0\nwin_pos=12,34\n"
+                          "win_size=456,321\n\n");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(ModuleWindowTest, OfTwoSideBySideTheLastClosedWins)
+{
+    QWidget* const first = open();
+    QWidget* const second = open();
+    first->move(10, 20);
+    first->resize(300, 200);
+    second->move(30, 40);
+    second->resize(310, 210);
+    second->close();
+    EXPECT_TRUE(first->isVisible());
+    first->close();
+    EXPECT_EQ(settings(), "[SIGNALS_REVIEW]\nwin_max=0\nwin_pos=10,20\nwin_size=300,200\n\n");
+}
+
+TEST_F(ModuleWindowTest, WindowsOfTwoModulesKeepEachOthersSections)
+{
+    QWidget* const review = open();
+    QWidget* const saccades = open<SaccadeCenter>(SaccadeCenter::section());
+    review->move(10, 20);
+    review->resize(300, 200);
+    saccades->move(30, 40);
+    saccades->resize(310, 210);
+    review->close();
+    saccades->close();
+    EXPECT_EQ(settings(), "[SACCADE_CENTER]\nwin_max=0\nwin_pos=30,40\nwin_size=310,210\n\n"
+                          "[SIGNALS_REVIEW]\nwin_max=0\nwin_pos=10,20\nwin_size=300,200\n\n");
+}
+
+TEST_F(ModuleWindowTest, TitleTellsTheFileOfAnOpenFileEventOnly)
+{
+    QWidget* const window = open<SaccadeCenter>(SaccadeCenter::section());
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Saccades browser"));
+    OpenSaccFileEvent other(QStringLiteral("/data/other.sacc"));
+    QCoreApplication::sendEvent(window, &other);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Saccades browser"));
+    OpenFileEvent file(QStringLiteral("/data/%1 żółw.sacc"));
+    QCoreApplication::sendEvent(window, &file);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Saccades browser - /data/%1 żółw.sacc"));
+}
+
+TEST_F(ModuleWindowTest, CtrlWClosesOneAndCtrlQAll)
+{
+    QWidget* const first = open();
+    QWidget* const second = open();
+    QWidget* const third = open<SaccadeCenter>(SaccadeCenter::section());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(third));
+    QTest::keyClick(third, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(first->isVisible() && second->isVisible());
+    second->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(second));
+    QTest::keyClick(second, Qt::Key_Q, Qt::ControlModifier);
+    for (const QWidget* widget : QApplication::topLevelWidgets())
+        EXPECT_FALSE(widget->isVisible());
+}
