@@ -35,11 +35,13 @@ std::optional<std::int64_t> parseNumber(const std::string& text)
     return number;
 }
 
-CommandLine::CommandLine(const std::string& command, const std::string& summary, const std::string& details)
+CommandLine::CommandLine(const std::string& command, const std::string& summary, const std::string& details,
+                         const std::string& fileKind)
     : m_command(command)
+    , m_fileKind(fileKind)
 {
     m_parser.setApplicationDescription(QString::fromStdString(summary + "\n\n" + details));
-    m_parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The recording (.kiro)."));
+    m_parser.addPositionalArgument(QStringLiteral("FILE"), QString::fromStdString("The " + fileKind + "."));
     m_parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Prints this help.")});
 }
 
@@ -71,12 +73,13 @@ std::optional<std::string> CommandLine::usageError() const
 {
     const QStringList files = m_parser.positionalArguments();
     if (files.isEmpty() || files.first().isEmpty())
-        return "the FILE is missing: give the path of a recording (.kiro).";
+        return "the FILE is missing: give the path of a " + m_fileKind + ".";
     if (files.size() > 1)
         return "one FILE is read at a time, and '" + argumentBytes(files[1]) + "' is one argument too many.";
     for (const QString& option : m_valueOptions) {
         if (m_parser.values(option).size() > 1)
-            return "option --" + option.toStdString() + " is given more than once.";
+            return (option.size() > 1 ? "option --" : "option -") + option.toStdString() +
+                   " is given more than once.";
     }
     return std::nullopt;
 }

@@ -26,8 +26,10 @@ std::optional<std::int64_t> parseNumber(const std::string& text);
 class CommandLine
 {
 public:
-    /// `summary` is the first line of the help, `details` what stands below it.
-    CommandLine(const std::string& command, const std::string& summary, const std::string& details);
+    /// `summary` is the first line of the help, `details` what stands below it; `fileKind` says what FILE
+    /// is, such as "recording (.kiro)".
+    CommandLine(const std::string& command, const std::string& summary, const std::string& details,
+                const std::string& fileKind = "recording (.kiro)");
 
     void addFlag(const char* name, const char* description);
     void addOption(const char* name, const char* valueName, const char* description);
@@ -49,6 +51,7 @@ private:
     Outcome printHelp() const;
 
     std::string m_command;
+    std::string m_fileKind;
     QCommandLineParser m_parser;
     QStringList m_valueOptions; // names of the options that take a value
 };

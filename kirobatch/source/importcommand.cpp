@@ -17,7 +17,7 @@
 namespace
 {
 
-constexpr const char* Summary = "Writes a BDF or EDF file (FILE) as a recording.";
+constexpr const char* Summary = "Writes a BDF or EDF file as a recording.";
 
 constexpr const char* Details =
     "Each data record becomes a packet. The recording is written whole or not at all.\n"
@@ -164,7 +164,7 @@ Outcome printResult(const KiroString& recording)
 
 Outcome runImport(const QStringList& arguments)
 {
-    CommandLine line("import", Summary, Details);
+    CommandLine line("import", Summary, Details, "BDF or EDF file");
     line.addOption("o", "OUT", OutputDescription);
     line.addFlag("force", "Replaces OUT if it is there already.");
     line.addOption("first", "N", "Begins with data record N (from 0; default 0).");

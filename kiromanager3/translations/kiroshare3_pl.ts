@@ -119,8 +119,8 @@
 <context>
     <name>SafeFile</name>
     <message>
-        <source>Not all bytes could be written (%1 of %2)</source>
-        <translation>Nie udało się zapisać wszystkich bajtów (%1 z %2)</translation>
+        <source>Not all bytes could be written</source>
+        <translation>Nie udało się zapisać wszystkich bajtów</translation>
     </message>
 </context>
 </TS>

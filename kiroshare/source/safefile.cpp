@@ -43,7 +43,7 @@ bool SafeFile::write(const void* bytes, qint64 count)
         return false;
     const qint64 taken = m_file.write(static_cast<const char*>(bytes), count);
     if (taken != count)
-        return fail(m_file.errorString());
+        return fail(reason());
     m_written += count;
     return true;
 }
@@ -54,16 +54,27 @@ bool SafeFile::commit()
         return false;
     // QSaveFile forgets a short write of a large block, so the length on the disk is what counts.
     if (!m_file.flush() || m_file.error() != QFileDevice::NoError)
-        return fail(m_file.errorString());
+        return fail(reason());
     if (m_file.size() != m_written)
-        return fail(QCoreApplication::translate("SafeFile", "Not all bytes could be written (%1 of %2)")
-                        .arg(m_file.size())
-                        .arg(m_written));
+        return fail(shortText());
     if (!m_file.commit())
         return fail(m_file.errorString());
     // A link was followed: the folder that changed is that of the file itself.
     syncFolder(QFileInfo(QFileInfo(m_file.fileName()).canonicalFilePath()).absolutePath());
     return true;
+}
+
+QString SafeFile::shortText() const
+{
+    return QCoreApplication::translate("SafeFile", "Not all bytes could be written");
+}
+
+/// What the system says; a full disk can leave QSaveFile without a word.
+QString SafeFile::reason() const
+{
+    const QString saysNothing = QFile().errorString();
+    const bool unknown = m_file.error() == QFileDevice::NoError || m_file.errorString() == saysNothing;
+    return unknown ? shortText() : m_file.errorString();
 }
 
 void SafeFile::cancel()

@@ -30,6 +30,8 @@ public:
 private:
     Q_DISABLE_COPY(SafeFile)
     bool fail(const QString& text);
+    QString shortText() const;
+    QString reason() const;
 
     QSaveFile m_file;
     QString m_errorText;

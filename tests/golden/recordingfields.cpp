@@ -1,17 +1,15 @@
 #include "recordingfields.h"
 
 #include "recording.h"
+#include "recordingsummary.h"
 
 #include <QJsonArray>
-#include <QTime>
-
-#include <cmath>
+#include <QJsonObject>
 
 namespace
 {
 
 constexpr int HighestFieldId = 64;
-constexpr double MSecsPerDay = 86400000.0;
 
 /// An answer of KiroHeader that is a text or a number.
 template <auto Getter>
@@ -88,17 +86,30 @@ Verdict checkTechnicalRows(Recording& recording, const QJsonValue& wanted)
     return verdict;
 }
 
+/// A text that the file browser shows; none stands for null.
+Verdict compareShown(const QJsonValue& wanted, const QString& found)
+{
+    if (wanted.isNull() ? found.isEmpty() : wanted.isString() && wanted.toString() == found)
+        return {};
+    return {{QString(), shown(wanted), shown(QJsonValue(found))}};
+}
+
+/// The locale of a process whose system locale is "C": it groups thousands, unlike QLocale::c().
+QLocale plainLocale()
+{
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(QLocale::DefaultNumberOptions);
+    return locale;
+}
+
 Verdict checkShownDuration(Recording& recording, const QJsonValue& wanted)
 {
-    const KiroHeader& header = recording.header();
-    if (header.signalCount() == 0) {
-        if (wanted.isNull())
-            return {};
-        return {{QString(), shown(wanted), QStringLiteral("null")}};
-    }
-    const double mSecs = std::trunc(header.frameCount() * header.frameMSecs());
-    const QTime time = QTime(0, 0).addMSecs(static_cast<int>(std::fmod(mSecs, MSecsPerDay)));
-    return compareText(wanted, time.toString(QStringLiteral("hh:mm:ss.zzz")).toStdString());
+    return compareShown(wanted, RecordingSummary::of(recording.header(), plainLocale()).totalTime);
+}
+
+Verdict checkShownDate(Recording& recording, const QJsonValue& wanted)
+{
+    return compareShown(wanted, RecordingSummary::of(recording.header(), plainLocale()).date);
 }
 
 Verdict checkReadableFrames(Recording& recording, const QJsonValue& wanted)
@@ -140,6 +151,7 @@ constexpr HeaderField HeaderFields[] = {
     {"trueFields", checkTrueFields},
     {"technicalRows", checkTechnicalRows},
     {"shownDuration", checkShownDuration},
+    {"shownDateC", checkShownDate},
     {"readableFrames", checkReadableFrames},
     {"checkIntegrity", checkIntegrity},
 };
@@ -187,6 +199,27 @@ Verdict checkCalibrated(Recording& recording, int signal, const QJsonValue& want
     return compareBool(wanted, descriptor(recording, signal).calibrated);
 }
 
+/// Frequency, factor and offset as the signal table shows them in each of the locales named.
+Verdict checkShownNumbers(Recording& recording, int signal, const QJsonValue& wanted)
+{
+    const QJsonObject locales = wanted.toObject();
+    Verdict verdict;
+    for (auto locale = locales.begin(); locale != locales.end(); ++locale) {
+        const bool plain = locale.key() == QLatin1String("C");
+        const auto summary =
+            RecordingSummary::of(recording.header(), plain ? plainLocale() : QLocale(locale.key()));
+        const QStringList& row = summary.signalRows.at(signal);
+        const QJsonArray found{row[RecordingSummary::Frequency], row[RecordingSummary::CalibrationFactor],
+                               row[RecordingSummary::CalibrationOffset]};
+        if (locale.value() != QJsonValue(found))
+            verdict.push_back(
+                {QLatin1Char('.') + locale.key(), shown(locale.value()), shown(QJsonValue(found))});
+    }
+    if (locales.isEmpty())
+        verdict.push_back({QString(), shown(wanted), QStringLiteral("texts by locale")});
+    return verdict;
+}
+
 struct SignalField
 {
     const char* key;
@@ -209,6 +242,7 @@ constexpr SignalField SignalFields[] = {
     {"frequency", signalAnswer<&KiroHeader::signalFrequency>},
     {"mSecs", signalAnswer<&KiroHeader::signalMSecs>},
     {"sampleCount", signalAnswer<&KiroHeader::signalSampleCount>},
+    {"shown", checkShownNumbers},
     {"first", checkFirstSamples},
     {"last", checkLastSamples},
 };

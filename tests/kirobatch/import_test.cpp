@@ -282,6 +282,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongImport{"EmptyOutput",
                     "a.bdf -o=", "the output is empty: give the path of a recording (.kiro) with -o."},
         WrongImport{"ForceWithValue", "a.bdf --force=yes", "Unexpected value after '--force'."},
+        WrongImport{"NoFile", "--force", "the FILE is missing: give the path of a BDF or EDF file."},
+        WrongImport{"OutputTwice", "a.bdf -o x -o y", "option -o is given more than once."},
         WrongImport{"TwoFiles", "a.bdf b.bdf",
                     "one FILE is read at a time, and 'b.bdf' is one argument too many."}),
     [](const auto& row) { return std::string(row.param.name); });

@@ -184,7 +184,8 @@ int fillSmallDisk(const QString& folder)
         for (qint64 at = 0; at + piece <= qint64(large.size()) && file.write(large.data() + at, piece);
              at += piece)
             continue;
-        if (file.commit() || file.errorText().isEmpty())
+        if (file.commit() || file.errorText().isEmpty() ||
+            file.errorText().contains(QStringLiteral("Unknown error")))
             result = 4;
         if (fileBytes(KiroString(path)) != Old)
             result = 5;
