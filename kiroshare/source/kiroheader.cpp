@@ -2,6 +2,7 @@
 
 #include "kirofile.h"
 #include "kiroutils.h"
+#include "recordinglayout.h"
 
 #include <QDataStream>
 
@@ -15,38 +16,14 @@
 namespace
 {
 
-constexpr std::uint32_t Magic = 0xf9d72c0a;
-constexpr std::uint32_t LegacyMark = 0xfffffffe;
+using RecordingLayout::Field;
+using RecordingLayout::LegacyMark;
+using RecordingLayout::Magic;
+using RecordingLayout::NoText;
+using RecordingLayout::Row;
+namespace Since = RecordingLayout::Since;
+
 constexpr std::uint32_t LegacyHeaderSize = 8;
-/// Length of a length-prefixed text that stands for "empty, no body".
-constexpr std::uint32_t NoText = 0xffffffff;
-
-/// First versions of what was added to the format.
-namespace Since
-{
-constexpr std::uint32_t Header = 3;
-constexpr std::uint32_t Second = 4;
-constexpr std::uint32_t Calibration = 4;
-constexpr std::uint32_t RatePeriod = 5;
-constexpr std::uint32_t FixedTexts = 6;
-constexpr std::uint32_t CalibratedFlag = 7;
-constexpr std::uint32_t FactorAsDivisor = 8;
-constexpr std::uint32_t WideSignalNumbers = 9;
-constexpr std::uint32_t CalibrationOffset = 10;
-constexpr std::uint32_t Millisecond = 11;
-constexpr std::uint32_t TechnicalParameters = 12;
-} // namespace Since
-
-/// Bytes of the texts where they have fixed fields.
-namespace Width
-{
-constexpr std::uint32_t StoringProgram = 128;
-constexpr std::uint32_t Notes = 1024;
-constexpr std::uint32_t TechnicalParameters = 1024;
-constexpr std::uint32_t FullName = 128;
-constexpr std::uint32_t ShortName = 32;
-constexpr std::uint32_t CalibrationUnit = 64;
-} // namespace Width
 
 struct LegacySignal
 {
@@ -69,26 +46,45 @@ constexpr LegacySignal LegacyTable[] = {
     {"Conscious attention mode", "mode", 1000, 4},
 };
 
-/// The fields of one signal in their order, each with its first version.
+/// Takes a walk to one field of a signal.
+template <class Walk, class Signal>
+void walkSignalField(Walk& walk, Signal& signal, const Row& row)
+{
+    switch (row.field) {
+    case Field::FullName:
+        return walk.text(signal.fullName, row.width);
+    case Field::ShortName:
+        return walk.text(signal.shortName, row.width);
+    case Field::RatePeriod:
+        return walk.number(signal.ratePeriod);
+    case Field::SamplesPerPeriod:
+        return walk.number(signal.samplesPerPeriod);
+    case Field::ValueType:
+        return walk.valueType(signal.valueType);
+    case Field::SamplesPerFrame:
+        return walk.narrowOrWide(signal.samplesPerFrame);
+    case Field::SampleSize:
+        return walk.narrowOrWide(signal.sampleSize);
+    case Field::CalibrationFactor:
+        return walk.factor(signal.calibrationFactor);
+    case Field::CalibrationUnit:
+        return walk.text(signal.calibrationUnit, row.width);
+    case Field::Calibrated:
+        return walk.flag(signal.calibrated);
+    case Field::CalibrationOffset:
+        return walk.number(signal.calibrationOffset);
+    default:
+        return; // not of a signal
+    }
+}
+
 template <class Walk, class Signal>
 void walkSignal(Walk& walk, Signal&& signal, std::uint32_t version)
 {
-    walk.text(signal.fullName, Width::FullName);
-    walk.text(signal.shortName, Width::ShortName);
-    if (version >= Since::RatePeriod)
-        walk.number(signal.ratePeriod);
-    walk.number(signal.samplesPerPeriod);
-    walk.valueType(signal.valueType);
-    walk.narrowOrWide(signal.samplesPerFrame);
-    walk.narrowOrWide(signal.sampleSize);
-    if (version >= Since::Calibration) {
-        walk.factor(signal.calibrationFactor);
-        walk.text(signal.calibrationUnit, Width::CalibrationUnit);
+    for (const Row& row : RecordingLayout::SignalRows) {
+        if (version >= row.since)
+            walkSignalField(walk, signal, row);
     }
-    if (version >= Since::CalibratedFlag)
-        walk.flag(signal.calibrated);
-    if (version >= Since::CalibrationOffset)
-        walk.number(signal.calibrationOffset);
     walk.signalEnd(signal);
 }
 
@@ -319,30 +315,56 @@ private:
 
 } // namespace
 
-/// The fields behind magic and version in their order, each with its first version. What a version
-/// lacks keeps the value that the header has before.
+/// Takes a walk to one field of the whole recording. Mark and version are the caller's.
+template <class Walk, class Header>
+void KiroHeader::walkField(Walk& walk, Header& header, const Row& row)
+{
+    switch (row.field) {
+    case Field::HeaderSize:
+        return walk.storedHeaderSize();
+    case Field::StoringProgram:
+        return walk.text(header.m_storingProgram, row.width);
+    case Field::Notes:
+        return walk.text(header.m_notes, row.width);
+    case Field::TechnicalParameters:
+        return walk.text(header.m_technicalParameters, row.width);
+    case Field::Day:
+        return walk.number(header.m_day);
+    case Field::Month:
+        return walk.number(header.m_month);
+    case Field::Year:
+        return walk.number(header.m_year);
+    case Field::Hour:
+        return walk.number(header.m_hour);
+    case Field::Minute:
+        return walk.number(header.m_minute);
+    case Field::Second:
+        return walk.number(header.m_second);
+    case Field::Millisecond:
+        return walk.number(header.m_millisecond);
+    case Field::SignalCount:
+        return walk.signalCount(header.m_signals);
+    case Field::FrameCount:
+        return walk.number(header.m_frameCount);
+    default:
+        return;
+    }
+}
+
+/// Takes a walk over all fields behind mark and version, in the order of the layout. What the version lacks
+/// keeps the value that the header has before.
 template <class Walk, class Header>
 void KiroHeader::walkFields(Walk& walk, Header& header)
 {
     const std::uint32_t version = header.m_version;
-    walk.storedHeaderSize();
-    walk.text(header.m_storingProgram, Width::StoringProgram);
-    walk.text(header.m_notes, Width::Notes);
-    if (version >= Since::TechnicalParameters)
-        walk.text(header.m_technicalParameters, Width::TechnicalParameters);
-    walk.number(header.m_day);
-    walk.number(header.m_month);
-    walk.number(header.m_year);
-    walk.number(header.m_hour);
-    walk.number(header.m_minute);
-    if (version >= Since::Second)
-        walk.number(header.m_second);
-    if (version >= Since::Millisecond)
-        walk.number(header.m_millisecond);
-    walk.signalCount(header.m_signals);
+    for (const Row& row : RecordingLayout::HeaderRows) {
+        if (version >= row.since)
+            walkField(walk, header, row);
+    }
     for (auto& signal : header.m_signals)
         walkSignal(walk, signal, version);
-    walk.number(header.m_frameCount);
+    for (const Row& row : RecordingLayout::EndRows)
+        walkField(walk, header, row);
 }
 
 KiroHeader::KiroHeader()

@@ -11,6 +11,10 @@
 class KiroDateTime;
 class KiroFile;
 class QDataStream;
+namespace RecordingLayout
+{
+struct Row;
+}
 
 /// The header of a recording: what was recorded when, the table of signals and the number of frames.
 ///
@@ -128,6 +132,8 @@ public:
     bool hasField(int id) const;
 
 private:
+    template <class Walk, class Header>
+    static void walkField(Walk& walk, Header& header, const RecordingLayout::Row& row);
     template <class Walk, class Header>
     static void walkFields(Walk& walk, Header& header);
 

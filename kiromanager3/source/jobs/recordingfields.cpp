@@ -13,44 +13,16 @@ using Id = RecordingField::Id;
 namespace
 {
 
-constexpr unsigned char FirstOfLegacyMark = 0xfe;
-constexpr std::uint32_t FixedTextsSince = 6;
-constexpr std::uint32_t WideNumbersSince = 9;
+using RecordingLayout::EndRows;
+using RecordingLayout::Form;
+using RecordingLayout::HeaderRows;
+using RecordingLayout::LegacyRows;
+using RecordingLayout::Row;
+using RecordingLayout::SignalRows;
+namespace Since = RecordingLayout::Since;
+
+constexpr unsigned char FirstOfLegacyMark = RecordingLayout::LegacyMark & 0xff;
 constexpr std::int64_t LengthSize = 4; // in front of a text of its own length
-constexpr std::uint32_t NoText = 0xffffffff;
-
-struct Row
-{
-    enum Form { Number, Text, NarrowOrWide };
-
-    Id id;
-    Form form;
-    int width; ///< bytes; of a text those of its fixed field
-    std::uint32_t since;
-};
-
-constexpr Row HeaderRows[] = {
-    {Id::Mark, Row::Number, 4, 3},         {Id::Version, Row::Number, 4, 3},
-    {Id::HeaderSize, Row::Number, 4, 3},   {Id::StoringProgram, Row::Text, 128, 3},
-    {Id::Notes, Row::Text, 1024, 3},       {Id::TechnicalParameters, Row::Text, 1024, 12},
-    {Id::Day, Row::Number, 1, 3},          {Id::Month, Row::Number, 1, 3},
-    {Id::Year, Row::Number, 2, 3},         {Id::Hour, Row::Number, 1, 3},
-    {Id::Minute, Row::Number, 1, 3},       {Id::Second, Row::Number, 1, 4},
-    {Id::Millisecond, Row::Number, 2, 11}, {Id::SignalCount, Row::Number, 1, 3},
-};
-
-constexpr Row SignalRows[] = {
-    {Id::FullName, Row::Text, 128, 3},           {Id::ShortName, Row::Text, 32, 3},
-    {Id::RatePeriod, Row::Number, 4, 5},         {Id::SamplesPerPeriod, Row::Number, 4, 3},
-    {Id::ValueType, Row::NarrowOrWide, 4, 3},    {Id::SamplesPerFrame, Row::NarrowOrWide, 4, 3},
-    {Id::SampleSize, Row::NarrowOrWide, 4, 3},   {Id::CalibrationFactor, Row::Number, 8, 4},
-    {Id::CalibrationUnit, Row::Text, 64, 4},     {Id::Calibrated, Row::Number, 1, 7},
-    {Id::CalibrationOffset, Row::Number, 8, 10},
-};
-
-constexpr Row EndRows[] = {{Id::FrameCount, Row::Number, 4, 3}};
-
-constexpr Row LegacyRows[] = {{Id::Mark, Row::Number, 4, 2}, {Id::FrameCount, Row::Number, 4, 2}};
 
 /// Walks over a file and collects its fields. Each step is false once the file has ended.
 class Walk
@@ -100,27 +72,27 @@ private:
     bool field(const Row& row, int signal)
     {
         RecordingField field;
-        field.id = row.id;
+        field.id = row.field;
         field.signal = signal;
         field.offset = m_position;
         field.bigEndian = m_result.version != KiroHeader::LegacyVersion;
         field.size = width(row);
         if (field.size <= m_fileSize - m_position)
             readBytes(field);
-        if (row.id == Id::Version && !field.bytes.empty())
+        if (row.field == Id::Version && !field.bytes.empty())
             m_result.version = static_cast<std::uint32_t>(field.number());
-        if (hasOwnLength(row) && !field.bytes.empty() && field.number() != NoText)
+        if (hasOwnLength(row) && !field.bytes.empty() && field.number() != RecordingLayout::NoText)
             field.size += static_cast<std::int64_t>(field.number());
         return take(std::move(field));
     }
 
     bool hasOwnLength(const Row& row) const
     {
-        return row.form == Row::Text && m_result.version < FixedTextsSince;
+        return row.form == Form::Text && m_result.version < Since::FixedTexts;
     }
     std::int64_t width(const Row& row) const
     {
-        if (row.form == Row::NarrowOrWide && m_result.version < WideNumbersSince)
+        if (row.form == Form::NarrowOrWide && m_result.version < Since::WideSignalNumbers)
             return 1;
         return hasOwnLength(row) ? LengthSize : row.width;
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recordinglayout.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,34 +12,7 @@ class KiroFile;
 /// One field of a recording's header, as it stands in the file.
 struct RecordingField
 {
-    enum class Id {
-        Mark,
-        Version,
-        HeaderSize,
-        StoringProgram,
-        Notes,
-        TechnicalParameters,
-        Day,
-        Month,
-        Year,
-        Hour,
-        Minute,
-        Second,
-        Millisecond,
-        SignalCount,
-        FullName,
-        ShortName,
-        RatePeriod,
-        SamplesPerPeriod,
-        ValueType,
-        SamplesPerFrame,
-        SampleSize,
-        CalibrationFactor,
-        CalibrationUnit,
-        Calibrated,
-        CalibrationOffset,
-        FrameCount
-    };
+    using Id = RecordingLayout::Field;
 
     Id id = Id::Mark;
     int signal = -1;         ///< index of the signal that it belongs to, -1 for those of the whole recording
