@@ -8,7 +8,7 @@
 struct IsolationLimits
 {
     unsigned seconds = 60;
-    long mebibytes = 512; ///< of resident memory
+    long mebibytes = 512; ///< of resident memory beyond what this process has
 };
 
 /// Runs `work` in a process of its own, so that a crash or a hang ends only that process. Empty if
