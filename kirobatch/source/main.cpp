@@ -1,5 +1,6 @@
 #include "checkcommand.h"
 #include "commandline.h"
+#include "detectcommand.h"
 #include "diagnostics.h"
 #include "dumpcommand.h"
 #include "importcommand.h"
@@ -7,6 +8,7 @@
 #include "kiroutils.h"
 #include "output.h"
 #include "repaircommand.h"
+#include "sacccommand.h"
 #include "signalscommand.h"
 
 #include <QCommandLineParser>
@@ -24,8 +26,8 @@ struct Command
 };
 
 constexpr Command Commands[] = {
-    {"info", runInfo},     {"signals", runSignals}, {"dump", runDump},
-    {"import", runImport}, {"check", runCheck},     {"repair", runRepair},
+    {"info", runInfo},   {"signals", runSignals}, {"dump", runDump},     {"import", runImport},
+    {"check", runCheck}, {"repair", runRepair},   {"detect", runDetect}, {"sacc", runSacc},
 };
 
 constexpr const char* Description =
@@ -38,6 +40,8 @@ constexpr const char* Description =
     "  import FILE   A BDF or EDF file, written as a recording.\n"
     "  check FILE    What is wrong or odd about the file, one finding a line.\n"
     "  repair FILE   Puts the packet count right.\n"
+    "  detect FILE   Finds saccades and blinks and writes a saccade file (.sacc).\n"
+    "  sacc FILE     The saccades and blinks of a saccade file (.sacc).\n"
     "\n"
     "'kirobatch COMMAND --help' tells the options of a command.\n"
     "\n"

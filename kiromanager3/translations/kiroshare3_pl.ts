@@ -100,7 +100,7 @@
         <translation> i jeszcze %1</translation>
     </message>
     <message>
-        <source>The file is a BDF file, but its reserved field holds "%1" and not "%2": its samples are read as 16-bit numbers.</source>
+        <source>The file is a BDF file, but its reserved field holds &quot;%1&quot; and not &quot;%2&quot;: its samples are read as 16-bit numbers.</source>
         <translation>Plik jest plikiem BDF, ale jego pole zarezerwowane zawiera „%1”, a nie „%2”: próbki są odczytywane jako liczby 16-bitowe.</translation>
     </message>
     <message>
@@ -114,6 +114,33 @@
     <message>
         <source>The range is inverted, so that samples are stored as they are, without calibration, in: %1.</source>
         <translation>Zakres jest odwrócony, więc próbki są zapisane bez zmian i bez kalibracji w: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>EyeSignals</name>
+    <message>
+        <source>Error while loading horizontal eye position samples!</source>
+        <translation>Błąd podczas wczytywania próbek poziomej pozycji oka!</translation>
+    </message>
+    <message>
+        <source>Error while loading vertical eye position samples!</source>
+        <translation>Błąd podczas wczytywania próbek pionowej pozycji oka!</translation>
+    </message>
+    <message>
+        <source>Error while loading horizontal left eye position samples!</source>
+        <translation>Błąd podczas wczytywania próbek poziomej pozycji lewego oka!</translation>
+    </message>
+    <message>
+        <source>Error while loading vertical left eye position samples!</source>
+        <translation>Błąd podczas wczytywania próbek pionowej pozycji lewego oka!</translation>
+    </message>
+    <message>
+        <source>Calibration factor not entered. Cannot proceed.</source>
+        <translation>Nie podano współczynnika kalibracji. Nie można kontynuować.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the eye signals. Close other programs and try again.</source>
+        <translation>Za mało pamięci na sygnały oczu. Zamknij inne programy i spróbuj ponownie.</translation>
     </message>
 </context>
 <context>

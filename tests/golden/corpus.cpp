@@ -4,8 +4,11 @@
 #include "coretextcases.h"
 #include "files.h"
 #include "inicases.h"
+#include "numericcases.h"
+#include "profilecases.h"
 #include "recordingcases.h"
 #include "report.h"
+#include "sacccases.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,6 +21,7 @@ namespace
 {
 
 const QString IndexName = QStringLiteral("INDEX.json");
+const QString CaseName = QStringLiteral("case.json");
 
 /// Every kind that the tree serves so far.
 constexpr CaseKind Kinds[] = {
@@ -26,6 +30,10 @@ constexpr CaseKind Kinds[] = {
     {"ini", checkIni, nullptr},
     {"iniSteps", checkIniSteps, nullptr},
     {"bdf", checkBdf, surviveBdf},
+    {"sacc", checkSacc, surviveSacc},
+    {"sdp", checkSaccadeProfile, surviveSaccadeProfile},
+    {"bdp", checkBlinkProfile, surviveBlinkProfile},
+    {"settingsLines", checkSettingsLines, nullptr},
 };
 
 const CaseKind* findKind(const QString& name)
@@ -107,6 +115,15 @@ void runFileCase(const QString& folder, const QJsonObject& entry, Report& report
         run(golden, report);
 }
 
+void runCaseFolder(const QString& folder, const QString& name, Report& report)
+{
+    report.beginCase(name);
+    const QString caseFolder = QDir(folder).filePath(name);
+    const auto content = readObject(QDir(caseFolder).filePath(CaseName), CaseName, report);
+    if (content)
+        runNumericCase(caseFolder, *content, report);
+}
+
 /// Two forms of entries exist: a file with its kind, and the folder of a numeric case with its routines.
 void runEntry(const QString& folder, const QJsonValue& value, int position, Report& report)
 {
@@ -116,8 +133,7 @@ void runEntry(const QString& folder, const QJsonValue& value, int position, Repo
         return;
     }
     if (entry.value(QLatin1String("case")).isString() && entry.value(QLatin1String("routines")).isArray()) {
-        report.beginCase(entry.value(QLatin1String("case")).toString());
-        report.skip(QStringLiteral("numeric routines"));
+        runCaseFolder(folder, entry.value(QLatin1String("case")).toString(), report);
         return;
     }
     report.fail(QStringLiteral("cases[%1]").arg(position), QStringLiteral("a file with its kind, or a case"),

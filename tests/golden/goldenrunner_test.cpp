@@ -13,9 +13,11 @@ namespace
 {
 
 const QString Corpus = QStringLiteral(KIRO_TEST_DATA "/formats");
+const QString NumericCorpus = QStringLiteral(KIRO_TEST_DATA "/algorithms");
 const QString Mixed = QStringLiteral("recordings/v12_mixed.kiro");
 const QString CoreTexts = QStringLiteral("ini/core_texts.txt");
 const QString IniSteps = QStringLiteral("ini/steps.txt");
+const QString SettingsLines = QStringLiteral("profiles/settings_lines.txt");
 
 /// What a run of golden_runner has printed and how it ended.
 struct Outcome
@@ -122,7 +124,13 @@ QString kindOf(const QString& name)
         return QStringLiteral("coreText");
     if (name == IniSteps)
         return QStringLiteral("iniSteps");
-    return name.endsWith(QStringLiteral(".ini")) ? QStringLiteral("ini") : QStringLiteral("recording");
+    if (name == SettingsLines)
+        return QStringLiteral("settingsLines");
+    for (const char* suffix : {"ini", "sdp", "bdp", "sacc"}) {
+        if (name.endsWith(QLatin1Char('.') + QLatin1String(suffix)))
+            return QLatin1String(suffix);
+    }
+    return QStringLiteral("recording");
 }
 
 } // namespace
@@ -185,6 +193,12 @@ const QString ValueTypes = QStringLiteral("recordings/v03_value_types.kiro");
 const QString TooShort = QStringLiteral("recordings/v03_count_high.kiro");
 const QString IniNumbers = QStringLiteral("ini/numbers.ini");
 const QString IniPens = QStringLiteral("ini/pens.ini");
+const QString Saccades = QStringLiteral("profiles/v07.sdp");
+const QString Blinks = QStringLiteral("profiles/v01.bdp");
+const QString NoProfile = QStringLiteral("profiles/v1001.sdp");
+const QString SaccFile = QStringLiteral("sacc/v18_blinks_only.sacc");
+const QString OldSaccFile = QStringLiteral("sacc/v06_raw.sacc");
+const QString NoSaccFile = QStringLiteral("sacc/refused_magic.sacc");
 
 INSTANTIATE_TEST_SUITE_P(
     LastDigits, ChangedExpectation,
@@ -235,6 +249,29 @@ INSTANTIATE_TEST_SUITE_P(
         LastDigit{"IniStepText", IniSteps, "{", "d=0.1000000000", "d=0.1000000001", "steps[6].text"},
         LastDigit{"IniStepResult", IniSteps, "\"removeSection\"", "\"result\": false", "\"result\": true",
                   "steps[14].result"},
+        LastDigit{"ProfileLoad", NoProfile, "{", "\"load\": false", "\"load\": true", "load"},
+        LastDigit{"SaccadeField", Saccades, "\"record\"", "\"minAmp\": 184.0", "\"minAmp\": 185.0",
+                  "record.minAmp"},
+        LastDigit{"BlinkField", Blinks, "\"record\"", "\"maxDuration\": 500", "\"maxDuration\": 501",
+                  "record.maxDuration"},
+        LastDigit{"ProfileWritten", Saccades, "\"writtenAgain\"", "gap: 189", "gap: 188", "writtenAgain"},
+        LastDigit{"SettingsLine", Blinks, "\"settingsLine\"", ";500", ";501", "settingsLine"},
+        LastDigit{"LineRead", SettingsLines, "\"saccadeRead\"", "\"maxAmp\": 500.0", "\"maxAmp\": 501.0",
+                  "saccadeRead[0].maxAmp"},
+        LastDigit{"LineWritten", SettingsLines, "\"blinkWrite\"", "0.6000000000", "0.6000000001",
+                  "blinkWrite[0]"},
+        LastDigit{"SaccField", SaccFile, "{", "\"durationMs\": 641937", "\"durationMs\": 641938",
+                  "durationMs"},
+        LastDigit{"SaccText", SaccFile, "{", "../pitch/rec.kiro", "../pitch/rec.kirp", "relativeDataFile"},
+        LastDigit{"SaccParameter", SaccFile, "\"params\"", "\"gap\": 40", "\"gap\": 41", "params.gap"},
+        LastDigit{"SaccBlink", SaccFile, "\"blinks\"", "13.752533114561112", "13.752533114561111",
+                  "blinks[0].amp1"},
+        LastDigit{"SaccSaved", SaccFile, "\"saved\"", "3501463e0eaa", "3501463e0eab", "saved.sha256"},
+        LastDigit{"SaccMeasure", OldSaccFile, "\"saccades\"", "\"reserved\": 0", "\"reserved\": 1",
+                  "saccades[0].main.reserved"},
+        LastDigit{"SaccValid", OldSaccFile, "\"saccades\"", "\"valid\": true", "\"valid\": false",
+                  "saccades[0].valid"},
+        LastDigit{"SaccError", NoSaccFile, "{", "(0x   12345)", "(0x  12345)", "error"},
         LastDigit{"Arg", CoreTexts, "\"arg\"", "   12345\"", "   12346\"", "arg[5].result"}),
     [](const testing::TestParamInfo<LastDigit>& row) { return std::string(row.param.name); });
 
@@ -376,14 +413,51 @@ TEST(GoldenRunner, UnknownKindsAreSkippedAndCounted)
     EXPECT_EQ(run.lastLine, QStringLiteral("0 passed, 0 failed, 3 skipped"));
 }
 
-TEST(GoldenRunner, NumericCasesAreSkippedAndCounted)
+TEST(GoldenRunner, AgreesWithTheNumericCorpus)
+{
+    const Outcome run = runGolden({NumericCorpus});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.failed(), 0);
+    EXPECT_EQ(run.passed(), 1136);
+    EXPECT_EQ(run.skipped(), 0);
+    EXPECT_EQ(run.differences.join(QLatin1Char('\n')).toStdString(), "");
+}
+
+TEST(GoldenRunner, CallsOfUnknownRoutinesAreSkippedAndCounted)
+{
+    SmallCorpus corpus;
+    corpus.write(QStringLiteral("INDEX.json"), R"({"seed": 1, "cases": [
+        {"case": "ramps", "routines": ["unheardOf"], "calls": 2, "why": ""}]})");
+    corpus.write(QStringLiteral("ramps/case.json"), R"({"compare": "exact", "calls": [
+        {"routine": "unheardOf", "args": {}, "expect": {}}, {"routine": "unheardOf", "args": {}, "expect": {}}]})");
+    const Outcome run = corpus.run();
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.lastLine, QStringLiteral("0 passed, 0 failed, 2 skipped"));
+}
+
+TEST(GoldenRunner, MissingNumericCaseIsAFailure)
 {
     SmallCorpus corpus;
     corpus.write(QStringLiteral("INDEX.json"), R"({"seed": 1, "cases": [
         {"case": "ramps", "routines": ["movingAverage"], "calls": 3, "why": ""}]})");
     const Outcome run = corpus.run();
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.lastLine, QStringLiteral("0 passed, 0 failed, 1 skipped"));
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.onlyDifference(), "ramps: case.json: wanted a JSON object, found no readable file");
+}
+
+TEST(GoldenRunner, LastDigitOfANumericAnswerIsTheOnlyDifference)
+{
+    SmallCorpus corpus;
+    const QString name = QStringLiteral("roundHalfUp");
+    QByteArray content = contentOf(NumericCorpus + QStringLiteral("/roundHalfUp/case.json"));
+    const QByteArray wanted = "\"result\":126}";
+    ASSERT_EQ(content.count(wanted), 1);
+    corpus.write(name + QStringLiteral("/case.json"), content.replace(wanted, "\"result\":127}"));
+    corpus.writeIndex(QJsonArray{
+        QJsonObject{{QStringLiteral("case"), name}, {QStringLiteral("routines"), QJsonArray{name}}}});
+    const Outcome run = corpus.run();
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.onlyDifference(), "roundHalfUp: calls[95] roundHalfUp.result: wanted 127, found 126");
 }
 
 TEST(GoldenRunner, UnknownKeysAreSkippedAndCounted)

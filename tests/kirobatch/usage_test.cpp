@@ -27,13 +27,15 @@ TEST(KirobatchHelp, NamesEveryCommandAndTheExitStatuses)
     EXPECT_THAT(run.output, HasSubstr("  check FILE "));
     EXPECT_THAT(run.output, HasSubstr("  repair FILE "));
     EXPECT_THAT(run.output, HasSubstr("  import FILE "));
+    EXPECT_THAT(run.output, HasSubstr("  detect FILE "));
+    EXPECT_THAT(run.output, HasSubstr("  sacc FILE "));
     EXPECT_THAT(run.output, HasSubstr("0 after success, 1 if the job failed and 2 after wrong usage"));
 }
 
 TEST(KirobatchHelp, FitsATerminalOf80Columns)
 {
     for (const char* arguments : {"--help", "info --help", "signals --help", "dump --help", "import --help",
-                                  "check --help", "repair --help"}) {
+                                  "check --help", "repair --help", "detect --help", "sacc --help"}) {
         const QString help = QString::fromStdString(runBatch(words(arguments)).output);
         for (const QString& line : help.split(QLatin1Char('\n')))
             EXPECT_LE(line.size(), 80) << arguments << ": " << line.toStdString();
@@ -68,7 +70,8 @@ TEST_P(KirobatchCommandHelp, NeedsNoFileAndTellsHowJsonHoldsTexts)
     EXPECT_THAT(run.output, HasSubstr("Latin-1"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, KirobatchCommandHelp, testing::Values("info", "signals", "dump"),
+INSTANTIATE_TEST_SUITE_P(Commands, KirobatchCommandHelp,
+                         testing::Values("info", "signals", "dump", "detect", "sacc"),
                          [](const auto& parameter) { return parameter.param; });
 
 TEST(KirobatchHelp, OfDumpNamesEveryOption)
@@ -116,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
     Cases, KirobatchWrongUsage,
     testing::Values(
         WrongUsage{"NoCommand", "",
-                   "the command is missing: give info, signals, dump, import, check or repair.",
+                   "the command is missing: give info, signals, dump, import, check, repair, detect or sacc.",
                    "kirobatch --help"},
         WrongUsage{"UnknownCommand", "frobnicate x.kiro", "there is no command 'frobnicate'.",
                    "kirobatch --help"},

@@ -131,6 +131,8 @@ TEST_P(RealBdf, RecordingIsWhole)
 
 INSTANTIATE_TEST_SUITE_P(Files, RealBdf,
                          testing::Values("biosemi_17ch_256hz.bdf", "eeg_1ch_annotations.edf",
+                                         "eye_1000hz_S3.edf", "eye_1000hz_S6.edf",
+                                         "eye_1000hz_S6_horizontal_only.edf", "multichannel_140ch_512hz.edf",
                                          "sleep_7ch_mixed_rates.edf"));
 
 namespace

@@ -1,0 +1,90 @@
+#include "eyechoice.h"
+
+#include "commandline.h"
+#include "eyesignals.h"
+#include "kiroreader.h"
+#include "openrecording.h"
+#include "signalchoice.h"
+
+#include <algorithm>
+
+namespace
+{
+
+using Problem = std::optional<std::string>;
+
+struct AxisOption
+{
+    const char* name;
+    const char* what;
+};
+
+/// In the order of EyeAxes.
+constexpr AxisOption AxisOptions[EyeAxisCount] = {
+    {"right-h", "horizontal signal of the right eye"},
+    {"right-v", "vertical signal of the right eye"},
+    {"left-h", "horizontal signal of the left eye"},
+    {"left-v", "vertical signal of the left eye"},
+};
+
+const AxisOption& optionOf(EyeAxis axis)
+{
+    return AxisOptions[static_cast<std::size_t>(axis)];
+}
+
+/// Puts the signals that the user gave into their places.
+Problem applyOptions(const CommandLine& line, const KiroReader& reader, EyeSignals& eyes)
+{
+    for (const EyeAxis axis : EyeAxes) {
+        const char* const name = optionOf(axis).name;
+        if (!line.isSet(name))
+            continue;
+        std::string error;
+        const std::optional<int> index = chooseSignal(reader, line.value(name), error);
+        if (!index)
+            return error;
+        eyes[axis].signalIndex = *index;
+    }
+    return std::nullopt;
+}
+
+std::string missingSignal(const KiroReader& reader, EyeAxis axis)
+{
+    return std::string("the ") + optionOf(axis).what + " cannot be told by the names of the signals of " +
+           quoted(reader.fileName()) + ". Give --" + optionOf(axis).name + " SIGNAL. " +
+           signalListHint(reader);
+}
+
+/// How many of the axes, in their order, must be there.
+int neededCount(int detectionType, const EyeSignals& eyes)
+{
+    const bool leftEye = eyes[EyeAxis::LeftHorizontal].isSet() && eyes[EyeAxis::LeftVertical].isSet();
+    const bool bothEyes = detectionType == 3 || (detectionType == 0 && leftEye);
+    return bothEyes ? EyeAxisCount : std::max(detectionType, 1);
+}
+
+} // namespace
+
+void addEyeOptions(CommandLine& line)
+{
+    for (const AxisOption& option : AxisOptions)
+        line.addOption(option.name, "SIGNAL", (std::string("The ") + option.what + '.').c_str());
+}
+
+std::optional<std::string> chooseEyes(const CommandLine& line, const KiroReader& reader, int detectionType,
+                                      EyeSignals& eyes)
+{
+    eyes = chooseEyeSignals(reader.header()).value_or(EyeSignals());
+    if (const Problem problem = applyOptions(line, reader, eyes))
+        return problem;
+    const int needed = neededCount(detectionType, eyes);
+    int position = 0;
+    for (const EyeAxis axis : EyeAxes) {
+        const bool isNeeded = position++ < needed;
+        if (isNeeded && !eyes[axis].isSet())
+            return missingSignal(reader, axis);
+        if (!isNeeded && detectionType != 0)
+            eyes[axis] = EyeSignal();
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "numericcases.h"
+
+/// Statistics of ranges, and rounding.
+const NumericFamily& statisticsRoutines();
