@@ -2,6 +2,124 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="pl_PL">
 <context>
+    <name>BlinksDetectParams</name>
+    <message>
+        <source>Select blinks detection profile</source>
+        <translation>Wybierz profil detekcji mrugnięć</translation>
+    </message>
+    <message>
+        <source>Select blinks detection profile name</source>
+        <translation>Wybierz nazwę profilu detekcji mrugnięć</translation>
+    </message>
+    <message>
+        <source>Blinks detection profile (*.bdp);;All files (*.*)</source>
+        <translation>Profil detekcji mrugnięć (*.bdp);;Wszystkie pliki (*.*)</translation>
+    </message>
+</context>
+<context>
+    <name>BlinksDetectParamsBase</name>
+    <message>
+        <source>Blinks detection parameters</source>
+        <translation>Parametry detekcji mrugnięć</translation>
+    </message>
+    <message>
+        <source>1st peak minimum velocity [deg/s]</source>
+        <translation>Minimalna prędkość 1. szczytu [deg/s]</translation>
+    </message>
+    <message>
+        <source>The downward stroke of a blink is faster than this</source>
+        <translation>Ruch w dół podczas mrugnięcia jest szybszy</translation>
+    </message>
+    <message>
+        <source>2nd peak minimum velocity [deg/s]</source>
+        <translation>Minimalna prędkość 2. szczytu [deg/s]</translation>
+    </message>
+    <message>
+        <source>The upward stroke of a blink reaches at least this velocity</source>
+        <translation>Ruch w górę podczas mrugnięcia osiąga co najmniej tę prędkość</translation>
+    </message>
+    <message>
+        <source>Initial (zero) velocity [deg/s]</source>
+        <translation>Prędkość początkowa (zerowa) [deg/s]</translation>
+    </message>
+    <message>
+        <source>Where the velocity falls to this value, a blink starts and ends</source>
+        <translation>Mrugnięcie zaczyna się i kończy tam, gdzie prędkość spada do tej wartości</translation>
+    </message>
+    <message>
+        <source>Maximum peaks distance [ms]</source>
+        <translation>Maksymalny odstęp szczytów [ms]</translation>
+    </message>
+    <message>
+        <source>The upward stroke follows the downward one within this time. Counted in samples: milliseconds at 1000 Hz.</source>
+        <translation>Ruch w górę następuje po ruchu w dół w tym czasie. Liczone w próbkach: milisekundy przy 1000 Hz.</translation>
+    </message>
+    <message>
+        <source>Minimum amplitude [deg]</source>
+        <translation>Minimalna amplituda [deg]</translation>
+    </message>
+    <message>
+        <source>The downward stroke of a blink is at least this deep</source>
+        <translation>Ruch w dół podczas mrugnięcia ma co najmniej taką głębokość</translation>
+    </message>
+    <message>
+        <source>Minimum amplitude relation</source>
+        <translation>Minimalny stosunek amplitud</translation>
+    </message>
+    <message>
+        <source>Least height of the upward stroke divided by the depth of the downward one</source>
+        <translation>Najmniejszy stosunek wysokości ruchu w górę do głębokości ruchu w dół</translation>
+    </message>
+    <message>
+        <source>Maximum amplitude relation</source>
+        <translation>Maksymalny stosunek amplitud</translation>
+    </message>
+    <message>
+        <source>Greatest height of the upward stroke divided by the depth of the downward one</source>
+        <translation>Największy stosunek wysokości ruchu w górę do głębokości ruchu w dół</translation>
+    </message>
+    <message>
+        <source>Minimum duration [ms]</source>
+        <translation>Minimalny czas trwania [ms]</translation>
+    </message>
+    <message>
+        <source>A shorter figure is no blink. Counted in samples: milliseconds at 1000 Hz.</source>
+        <translation>Krótszy przebieg nie jest mrugnięciem. Liczone w próbkach: milisekundy przy 1000 Hz.</translation>
+    </message>
+    <message>
+        <source>Maximum duration [ms]</source>
+        <translation>Maksymalny czas trwania [ms]</translation>
+    </message>
+    <message>
+        <source>A longer figure is no blink. Counted in samples: milliseconds at 1000 Hz.</source>
+        <translation>Dłuższy przebieg nie jest mrugnięciem. Liczone w próbkach: milisekundy przy 1000 Hz.</translation>
+    </message>
+    <message>
+        <source>&amp;Defaults</source>
+        <translation>&amp;Domyślne</translation>
+    </message>
+    <message>
+        <source>Fill the fields with the default values</source>
+        <translation>Wypełnij pola wartościami domyślnymi</translation>
+    </message>
+    <message>
+        <source>&amp;Load</source>
+        <translation>&amp;Wczytaj</translation>
+    </message>
+    <message>
+        <source>Load the values of a profile</source>
+        <translation>Wczytaj wartości z profilu</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Zapisz</translation>
+    </message>
+    <message>
+        <source>Save the values as a profile</source>
+        <translation>Zapisz wartości jako profil</translation>
+    </message>
+</context>
+<context>
     <name>DataFileCenter</name>
     <message>
         <source>Select kiro data file</source>
@@ -24,7 +142,7 @@
         <translation>Plik BDF/EDF (*.bdf;*.edf;*.rec);;Plik BioSemi Data File (*.bdf);;Plik European Data File (*.edf);;Plik zapisu (*.rec);;Wszystkie pliki (*.*)</translation>
     </message>
     <message>
-        <source>Can't open file %1
+        <source>Can&apos;t open file %1
 %2</source>
         <translation>Nie można otworzyć pliku %1
 %2</translation>
@@ -44,7 +162,7 @@ Would you like the DataFileCenter to repair it?</source>
 Czy przeglądarka plików ma go naprawić?</translation>
     </message>
     <message>
-        <source>Can't repair file "%1"!</source>
+        <source>Can&apos;t repair file &quot;%1&quot;!</source>
         <translation>Nie można naprawić pliku „%1”!</translation>
     </message>
     <message>
@@ -277,8 +395,8 @@ Czy przeglądarka plików ma go naprawić?</translation>
         <translation>Twoja wersja to %1 , nowsza wersja to %2.&lt;br&gt;</translation>
     </message>
     <message>
-        <source>Download it from this &lt;a href="%1"&gt;link&lt;/a&gt;&lt;/html&gt;</source>
-        <translation>Pobierz ją, korzystając z tego &lt;a href="%1"&gt;łącza&lt;/a&gt;&lt;/html&gt;</translation>
+        <source>Download it from this &lt;a href=&quot;%1&quot;&gt;link&lt;/a&gt;&lt;/html&gt;</source>
+        <translation>Pobierz ją, korzystając z tego &lt;a href=&quot;%1&quot;&gt;łącza&lt;/a&gt;&lt;/html&gt;</translation>
     </message>
 </context>
 <context>
@@ -352,9 +470,26 @@ Czy przeglądarka plików ma go naprawić?</translation>
     <name>MessageLog</name>
     <message>
         <source>KiroManager has performed an illegal operation and will quit immediately!
-The log file "%1" in the application installation directory may be revised for additional details.</source>
+The log file &quot;%1&quot; in the application installation directory may be revised for additional details.</source>
         <translation>KiroManager wykonał niedozwoloną operację i zostanie natychmiast zamknięty!
 Dodatkowe szczegóły można znaleźć w pliku dziennika „%1” w katalogu instalacyjnym aplikacji.</translation>
+    </message>
+</context>
+<context>
+    <name>ProfileFiles</name>
+    <message>
+        <source>The file %1 already exists.
+Do you want to replace it?</source>
+        <translation>Plik %1 już istnieje.
+Czy chcesz go zastąpić?</translation>
+    </message>
+    <message>
+        <source>Failed to load parameters from file %1</source>
+        <translation>Nie udało się wczytać parametrów z pliku %1</translation>
+    </message>
+    <message>
+        <source>Failed to save parameters from file %1</source>
+        <translation>Nie udało się zapisać parametrów do pliku %1</translation>
     </message>
 </context>
 <context>
@@ -362,6 +497,152 @@ Dodatkowe szczegóły można znaleźć w pliku dziennika „%1” w katalogu ins
     <message>
         <source>Signals browser</source>
         <translation>Przeglądarka sygnałów</translation>
+    </message>
+</context>
+<context>
+    <name>SaccDetectParams</name>
+    <message>
+        <source>Select saccade detection profile</source>
+        <translation>Wybierz profil detekcji sakad</translation>
+    </message>
+    <message>
+        <source>Select saccade detection profile name</source>
+        <translation>Wybierz nazwę profilu detekcji sakad</translation>
+    </message>
+    <message>
+        <source>Saccade detection profile (*.sdp);;All files (*.*)</source>
+        <translation>Profil detekcji sakad (*.sdp);;Wszystkie pliki (*.*)</translation>
+    </message>
+    <message>
+        <source>Invalid initial velocity threshold field</source>
+        <translation>Nieprawidłowe pole progu prędkości początkowej</translation>
+    </message>
+    <message>
+        <source>Invalid format of the initial velocity threshold value</source>
+        <translation>Nieprawidłowy format wartości progu prędkości początkowej</translation>
+    </message>
+    <message>
+        <source>Invalid speed threshold field</source>
+        <translation>Nieprawidłowe pole progu prędkości</translation>
+    </message>
+    <message>
+        <source>Invalid format of the speed threshold value</source>
+        <translation>Nieprawidłowy format wartości progu prędkości</translation>
+    </message>
+    <message>
+        <source>Invalid slope threshold field</source>
+        <translation>Nieprawidłowe pole progu przyspieszenia</translation>
+    </message>
+    <message>
+        <source>Invalid format of the slope threshold value</source>
+        <translation>Nieprawidłowy format wartości progu przyspieszenia</translation>
+    </message>
+    <message>
+        <source>Invalid minimum amplitude field</source>
+        <translation>Nieprawidłowe pole minimalnej amplitudy</translation>
+    </message>
+    <message>
+        <source>Invalid maximum amplitude field</source>
+        <translation>Nieprawidłowe pole maksymalnej amplitudy</translation>
+    </message>
+</context>
+<context>
+    <name>SaccDetectParamsBase</name>
+    <message>
+        <source>Saccade detection parameters</source>
+        <translation>Parametry detekcji sakad</translation>
+    </message>
+    <message>
+        <source>Minimum fixation [ms]</source>
+        <translation>Minimalna fiksacja [ms]</translation>
+    </message>
+    <message>
+        <source>A saccade that starts sooner after the one before it is left out. Counted in samples: milliseconds at 1000 Hz.</source>
+        <translation>Sakada, która zaczyna się wcześniej po poprzedniej, jest pomijana. Liczone w próbkach: milisekundy przy 1000 Hz.</translation>
+    </message>
+    <message>
+        <source>Minimum duration [ms]</source>
+        <translation>Minimalny czas trwania [ms]</translation>
+    </message>
+    <message>
+        <source>A shorter movement is no saccade. Counted in samples: milliseconds at 1000 Hz.</source>
+        <translation>Krótszy ruch nie jest sakadą. Liczone w próbkach: milisekundy przy 1000 Hz.</translation>
+    </message>
+    <message>
+        <source>Maximum duration [ms]</source>
+        <translation>Maksymalny czas trwania [ms]</translation>
+    </message>
+    <message>
+        <source>A longer movement is no saccade. Counted in samples: milliseconds at 1000 Hz.</source>
+        <translation>Dłuższy ruch nie jest sakadą. Liczone w próbkach: milisekundy przy 1000 Hz.</translation>
+    </message>
+    <message>
+        <source>Initial velocity [deg/s]</source>
+        <translation>Prędkość początkowa [deg/s]</translation>
+    </message>
+    <message>
+        <source>Below this velocity a saccade starts and ends</source>
+        <translation>Poniżej tej prędkości sakada zaczyna się i kończy</translation>
+    </message>
+    <message>
+        <source>Minimum peak velocity [deg/s]</source>
+        <translation>Minimalna prędkość szczytowa [deg/s]</translation>
+    </message>
+    <message>
+        <source>A saccade reaches at least this velocity</source>
+        <translation>Sakada osiąga co najmniej tę prędkość</translation>
+    </message>
+    <message>
+        <source>Minimum acceleration [deg/s&lt;sup&gt;2&lt;/sup&gt;]</source>
+        <translation>Minimalne przyspieszenie [deg/s&lt;sup&gt;2&lt;/sup&gt;]</translation>
+    </message>
+    <message>
+        <source>A saccade reaches at least this acceleration</source>
+        <translation>Sakada osiąga co najmniej to przyspieszenie</translation>
+    </message>
+    <message>
+        <source>Minimum acceleration [deg/s²]</source>
+        <translation>Minimalne przyspieszenie [deg/s²]</translation>
+    </message>
+    <message>
+        <source>Minimum amplitude [deg]</source>
+        <translation>Minimalna amplituda [deg]</translation>
+    </message>
+    <message>
+        <source>A smaller movement is no saccade</source>
+        <translation>Mniejszy ruch nie jest sakadą</translation>
+    </message>
+    <message>
+        <source>Maximum amplitude [deg]</source>
+        <translation>Maksymalna amplituda [deg]</translation>
+    </message>
+    <message>
+        <source>A larger movement is no saccade</source>
+        <translation>Większy ruch nie jest sakadą</translation>
+    </message>
+    <message>
+        <source>&amp;Defaults</source>
+        <translation>&amp;Domyślne</translation>
+    </message>
+    <message>
+        <source>Fill the fields with the default values</source>
+        <translation>Wypełnij pola wartościami domyślnymi</translation>
+    </message>
+    <message>
+        <source>&amp;Load</source>
+        <translation>&amp;Wczytaj</translation>
+    </message>
+    <message>
+        <source>Load the values of a profile</source>
+        <translation>Wczytaj wartości z profilu</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Zapisz</translation>
+    </message>
+    <message>
+        <source>Save the values as a profile</source>
+        <translation>Zapisz wartości jako profil</translation>
     </message>
 </context>
 <context>

@@ -1,10 +1,12 @@
 // Draws every window into PNG files, to be looked at: kiro_shots FOLDER LANGUAGE RECORDING
 
 #include "appconfig.h"
+#include "blinksdetectparams.h"
 #include "datafilecenterimpl.h"
 #include "kiroreader.h"
 #include "language.h"
 #include "mainwindowimpl.h"
+#include "saccdetectparams.h"
 
 #include <QApplication>
 #include <QDir>
@@ -80,6 +82,24 @@ void showCorruptedFile(const QString& recording)
     keep(window, QStringLiteral("filebrowser-corrupted"));
 }
 
+void showDetectionParameters()
+{
+    SaccDetectParams saccades;
+    saccades.setLocale(QLocale());
+    saccades.setParams(SaccadeDetectionParams::atStart());
+    saccades.show();
+    keep(saccades, QStringLiteral("detection-saccades"));
+    saccades.resize(saccades.size() * 1.4);
+    keep(saccades, QStringLiteral("detection-saccades-large"));
+    BlinksDetectParams blinks;
+    blinks.setLocale(QLocale());
+    blinks.setParams(BlinkDetectionParams::atStart());
+    blinks.show();
+    keep(blinks, QStringLiteral("detection-blinks"));
+    blinks.resize(blinks.minimumSizeHint());
+    keep(blinks, QStringLiteral("detection-blinks-smallest"));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -101,5 +121,6 @@ int main(int argc, char** argv)
     showLauncher();
     showFileBrowser(arguments[3]);
     showCorruptedFile(arguments[3]);
+    showDetectionParameters();
     return 0;
 }
