@@ -1,0 +1,155 @@
+// Median of three seconds over half an hour of a pulse signal at 1000 Hz, and the filters of fixed length.
+
+#include "goals.h"
+
+#include "samplefilters.h"
+
+#include "reference/plainfilters.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <vector>
+
+namespace
+{
+
+using Samples = std::vector<double>;
+
+constexpr std::size_t SampleCount = 30 * 60 * 1000;
+constexpr std::int32_t MedianWindow = 3001;
+
+[[noreturn]] void stop(const char* why)
+{
+    std::fprintf(stderr, "%s\n", why);
+    std::exit(1);
+}
+
+/// A pulse of 72 beats a minute on a baseline that wanders, with noise, in steps of a converter.
+const Samples& pulse()
+{
+    static const Samples samples = [] {
+        std::mt19937_64 generator(1);
+        std::normal_distribution<double> noise(0.0, 15.0);
+        std::normal_distribution<double> wander(0.0, 4.0);
+        Samples made(SampleCount);
+        double baseline = 0.0;
+        for (std::size_t i = 0; i < SampleCount; ++i) {
+            baseline = 0.9999 * baseline + wander(generator);
+            const double phase = 2.0 * 3.14159265358979 * 1.2 * static_cast<double>(i) / 1000.0;
+            made[i] = std::round(baseline + 900.0 * std::sin(phase) + noise(generator));
+        }
+        return made;
+    }();
+    return samples;
+}
+
+/// The goals speak of forms that give the same: a difference ends the program.
+void checkSame(const Samples& one, const Samples& other)
+{
+    if (one != other)
+        stop("the two forms of a filter differ");
+}
+
+/// The last output of each median; empty before its benchmark has run.
+Samples& shippedMedian()
+{
+    static Samples output;
+    return output;
+}
+
+void RunningMedian(benchmark::State& state)
+{
+    const Samples& input = pulse();
+    for (auto _ : state) {
+        if (!runningMedian(input, shippedMedian(), MedianWindow))
+            stop("the median was refused");
+    }
+}
+
+void PlainRunningMedian(benchmark::State& state)
+{
+    const Samples& input = pulse();
+    Samples output;
+    for (auto _ : state) {
+        if (!plain::runningMedian(input, output, MedianWindow))
+            stop("the median was refused");
+    }
+    if (!shippedMedian().empty())
+        checkSame(shippedMedian(), output);
+}
+
+void SmoothSavitzkyGolay11(benchmark::State& state)
+{
+    const Samples& input = pulse();
+    Samples output;
+    for (auto _ : state)
+        smoothSavitzkyGolay11(input, output);
+}
+
+void VelocitySavitzkyGolay11(benchmark::State& state)
+{
+    const Samples& input = pulse();
+    Samples output;
+    for (auto _ : state)
+        velocitySavitzkyGolay11(input, output, true);
+}
+
+void VelocitySavitzkyGolay15(benchmark::State& state)
+{
+    const Samples& input = pulse();
+    Samples output;
+    for (auto _ : state)
+        velocitySavitzkyGolay15(input, output, true);
+}
+
+void MovingAverage(benchmark::State& state)
+{
+    const Samples& input = pulse();
+    Samples output;
+    for (auto _ : state)
+        movingAverage(input, output, 11);
+}
+
+double leastOf(const std::vector<double>& times)
+{
+    return *std::min_element(times.begin(), times.end());
+}
+
+void repeated(benchmark::internal::Benchmark* bench, int repetitions)
+{
+    bench->Unit(benchmark::kMillisecond)
+        ->Repetitions(repetitions)
+        ->Iterations(1)
+        ->DisplayAggregatesOnly()
+        ->ComputeStatistics("min", leastOf);
+}
+
+void severalTimes(benchmark::internal::Benchmark* bench)
+{
+    repeated(bench, 5);
+}
+
+/// For what takes half a minute; of a single repetition no statistics would be made.
+void twice(benchmark::internal::Benchmark* bench)
+{
+    repeated(bench, 2);
+}
+
+BENCHMARK(RunningMedian)->Apply(severalTimes);
+BENCHMARK(PlainRunningMedian)->Apply(twice);
+BENCHMARK(SmoothSavitzkyGolay11)->Apply(severalTimes);
+BENCHMARK(VelocitySavitzkyGolay11)->Apply(severalTimes);
+BENCHMARK(VelocitySavitzkyGolay15)->Apply(severalTimes);
+BENCHMARK(MovingAverage)->Apply(severalTimes);
+
+const bool Goals[] = {
+    registerGoal(
+        {"plain-to-running-median", "PlainRunningMedian", "RunningMedian", Goal::Kind::AtLeast, 50.0}),
+};
+
+} // namespace
