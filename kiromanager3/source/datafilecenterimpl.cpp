@@ -25,6 +25,7 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QShortcut>
 
 namespace
@@ -55,6 +56,13 @@ int columnAlignment(int column)
     default:
         return Qt::AlignLeft | Qt::AlignVCenter;
     }
+}
+
+/// A filter for file dialogs, which separate the patterns of one entry by blanks only.
+QString withBlanks(QString filter)
+{
+    static const QRegularExpression betweenPatterns(QStringLiteral("(?<!;);(?=[^;()][^()]*\\))"));
+    return filter.replace(betweenPatterns, QStringLiteral(" "));
 }
 
 /// The one local file of a drag, or nothing.
@@ -203,8 +211,8 @@ void DataFileCenter::on_buttonImport_clicked()
 {
     const QString path = QFileDialog::getOpenFileName(
         this, tr("Select BDF/EDF file"), m_settings.openFolder,
-        tr("BDF/EDF file (*.bdf;*.edf;*.rec);;BioSemi Data File (*.bdf);;European Data File (*.edf);;"
-           "Recording file (*.rec);;All files (*.*)"));
+        withBlanks(tr("BDF/EDF file (*.bdf;*.edf;*.rec);;BioSemi Data File (*.bdf);;European Data File "
+                      "(*.edf);;Recording file (*.rec);;All files (*.*)")));
     if (path.isEmpty())
         return;
     m_settings.openFolder = QFileInfo(path).path();
@@ -257,6 +265,7 @@ void DataFileCenter::showHeader(const KiroHeader& header)
 {
     const RecordingSummary summary = RecordingSummary::of(header);
     m_ui->labelProgram->setText(summary.program);
+    m_ui->labelProgram->setToolTip(summary.program.toHtmlEscaped());
     m_ui->labelFileVersion->setText(summary.fileVersion);
     m_ui->labelCount->setText(summary.frameCount);
     m_ui->labelTotalTime->setText(summary.totalTime);

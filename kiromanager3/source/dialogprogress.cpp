@@ -1,11 +1,18 @@
 #include "dialogprogress.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 
 DialogProgress::DialogProgress(QWidget* parent, const QString& label)
-    : m_dialog(label, QCoreApplication::translate("DialogProgress", "Cancel"), 0, 100, parent)
+    : m_guard(parent ? parent->window() : nullptr)
+    , m_dialog(QString(), QCoreApplication::translate("DialogProgress", "Cancel"), 0, 100, parent)
 {
     constexpr int QuietMs = 300;
+    // A file name is no rich text, whatever it looks like.
+    auto* const text = new QLabel(label);
+    text->setTextFormat(Qt::PlainText);
+    text->setAlignment(Qt::AlignCenter);
+    m_dialog.setLabel(text);
     m_dialog.setWindowModality(Qt::WindowModal);
     m_dialog.setWindowTitle(parent ? parent->windowTitle() : QString());
     m_dialog.setMinimumDuration(QuietMs);
@@ -32,5 +39,5 @@ void DialogProgress::setText(const QString& text)
 bool DialogProgress::cancelled()
 {
     QCoreApplication::processEvents();
-    return m_dialog.wasCanceled();
+    return m_guard.isClosing() || m_dialog.wasCanceled();
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "jobguard.h"
 #include "jobprogress.h"
 
 #include <QProgressDialog>
 
-/// Shows long work in a modal progress dialog over a window, from 0.3 s on, with a working Cancel.
+/// Shows long work in a modal progress dialog over a window, from 0.3 s on, with a working Cancel. The window
+/// is guarded from the beginning; closing it cancels the work.
 class DialogProgress final : public JobProgress
 {
 public:
@@ -18,5 +20,6 @@ public:
     bool cancelled() override;
 
 private:
+    JobGuard m_guard; // outlives the dialog, which belongs to the window too
     QProgressDialog m_dialog;
 };

@@ -95,6 +95,20 @@ QStringList foldersOf(const QString& file)
     return folder.split(QLatin1Char('/'), Qt::SkipEmptyParts);
 }
 
+/// Whether the text fits a line. A line feed would end it, and what follows be read as lines of its own.
+bool isOneLine(const QString& text)
+{
+    return !text.contains(QLatin1Char('\n'));
+}
+
+/// Writes over a file whose folder takes no new one, where nothing better is possible.
+bool overwrite(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.exists() && file.open(QIODevice::ReadWrite) && file.write(bytes) == bytes.size() &&
+           file.flush() && file.resize(bytes.size());
+}
+
 /// Where every drive has its root there is no way from one to another.
 bool onOtherDrives(const QStringList& from, const QStringList& to)
 {
@@ -174,7 +188,9 @@ bool IniStore::saveAs(const QString& path)
     stream.flush();
 
     SafeFile file(path);
-    if (!file.open() || !file.write(bytes.data().constData(), bytes.size()) || !file.commit())
+    const bool written = file.open() ? file.write(bytes.data().constData(), bytes.size()) && file.commit()
+                                     : overwrite(path, bytes.data());
+    if (!written)
         return false;
     m_fileName = path;
     return true;
@@ -194,7 +210,8 @@ QString IniStore::toString() const
 
 void IniStore::setSection(const QString& name)
 {
-    m_sections[name];
+    if (isOneLine(name))
+        m_sections[name];
     m_currentSection = name;
 }
 
@@ -248,7 +265,7 @@ QString IniStore::value(const QString& key, const QString& fallback) const
 bool IniStore::setValue(const QString& section, const QString& key, const QString& value)
 {
     const auto found = m_sections.find(section);
-    if (found == m_sections.end())
+    if (found == m_sections.end() || !isOneLine(key) || !isOneLine(value))
         return false;
     Entries& entries = found->second;
     const auto entry =

@@ -44,7 +44,8 @@ public:
     void parse(const QString& text);
     /// saveAs() to the file last loaded or saved; false if there is none.
     bool save();
-    /// Replaces the file whole or not at all. False, with the old file left alone, if that fails.
+    /// Replaces the file whole or not at all; where only the file and not its folder may be written, it is
+    /// written over. False if that fails.
     bool saveAs(const QString& path);
     /// The whole text.
     QString toString() const;
@@ -54,7 +55,8 @@ public:
     const QString& codecName() const { return m_codecName; }
     void setCodecName(const QString& name) { m_codecName = name; }
 
-    /// Makes the section current, and first of all if it is missing.
+    /// Makes the section current, and creates it if it is missing. A name with a line feed, which would be
+    /// read back as lines of its own, has no section.
     void setSection(const QString& name);
     const QString& currentSection() const { return m_currentSection; }
     /// False if it is absent. In place of a current section that goes, a new one of empty name is made and
@@ -70,7 +72,8 @@ public:
 
     QString value(const QString& section, const QString& key, const QString& fallback) const;
     QString value(const QString& key, const QString& fallback) const;
-    /// Replaces the first value of the key, or appends an entry.
+    /// Replaces the first value of the key, or appends an entry. False, and no change, if there is no such
+    /// section or a text holds a line feed.
     bool setValue(const QString& section, const QString& key, const QString& value);
     bool setValue(const QString& key, const QString& value);
 

@@ -115,6 +115,10 @@
         <source>The range is inverted, so that samples are stored as they are, without calibration, in: %1.</source>
         <translation>Zakres jest odwrócony, więc próbki są zapisane bez zmian i bez kalibracji w: %1.</translation>
     </message>
+    <message>
+        <source>The gain is too small for the import to keep it, so that samples are stored as they are, without calibration, in (value of one step): %1.</source>
+        <translation>Wzmocnienie jest za małe, aby import mógł je zachować, więc próbki są zapisane bez zmian i bez kalibracji w (wartość jednego kroku): %1.</translation>
+    </message>
 </context>
 <context>
     <name>EyeSignals</name>

@@ -113,6 +113,23 @@ void addInvertedRanges(const BdfHeader& header, std::vector<BdfRemark>& remarks)
                   remarks);
 }
 
+void addLostScales(const BdfHeader& header, std::vector<BdfRemark>& remarks)
+{
+    ChannelRemark remark;
+    for (int i = 0; i < header.channelCount(); ++i) {
+        const BdfChannel& channel = header.channels[static_cast<std::size_t>(i)];
+        const bool isLost =
+            !channel.isStatus && !channel.isCalibrated() && channel.gain > 0.0 && channel.gain != 1.0;
+        if (isLost)
+            remark.add(header, i, withUnit(numberText(1.0 / channel.gain), channel));
+    }
+    remark.finish(BdfRemark::LostScale,
+                  QCoreApplication::translate(
+                      "BdfImporter", "The gain is too small for the import to keep it, so that samples are "
+                                     "stored as they are, without calibration, in (value of one step): %1."),
+                  remarks);
+}
+
 } // namespace
 
 std::vector<BdfRemark> bdfRemarks(const BdfHeader& header)
@@ -121,5 +138,6 @@ std::vector<BdfRemark> bdfRemarks(const BdfHeader& header)
     addNoWidthText(header, remarks);
     addShiftedZeros(header, remarks);
     addInvertedRanges(header, remarks);
+    addLostScales(header, remarks);
     return remarks;
 }

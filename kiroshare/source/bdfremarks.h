@@ -14,6 +14,7 @@ struct BdfRemark
         NoWidthText,   ///< identified as BDF, but read as 16-bit samples for lack of the text "24BIT"
         ShiftedZero,   ///< physical zero is not stored as 0
         InvertedRange, ///< a range from large to small, which leaves the channel uncalibrated
+        LostScale,     ///< a gain that leaves the channel uncalibrated
     };
 
     Kind kind;

@@ -3,6 +3,7 @@
 #include "kirofile.h"
 #include "kiroutils.h"
 #include "sacclayout.h"
+#include "saccrecords.h"
 #include "safefile.h"
 
 #include <QFile>
@@ -12,7 +13,6 @@
 #include <cstring>
 #include <limits>
 #include <new>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -23,7 +23,6 @@ namespace
 
 using SaccLayout::Field;
 using SaccLayout::Form;
-using SaccLayout::NumberRow;
 using SaccLayout::Row;
 namespace Since = SaccLayout::Since;
 namespace Until = SaccLayout::Until;
@@ -266,124 +265,6 @@ private:
     Encoder& m_encoder;
 };
 
-/// Numbers that stand side by side in the file and in memory, where they are `kind`.
-struct Run
-{
-    enum Kind { Integers, Reals, Ignored };
-
-    Kind kind;
-    Form form;
-    std::size_t place; ///< of the first number, in bytes from the start of the record
-    std::uint32_t count;
-
-    bool isContinuedBy(const Run& next) const
-    {
-        const std::size_t size = kind == Integers ? sizeof(std::int32_t) : sizeof(double);
-        return kind == next.kind && form == next.form &&
-               (kind == Ignored || next.place == place + count * size);
-    }
-};
-
-template <class Record>
-Run runOf(const NumberRow<Record>& row)
-{
-    const Record record;
-    const auto placeOf = [&record](const auto& member) {
-        return static_cast<std::size_t>(reinterpret_cast<const char*>(&member) -
-                                        reinterpret_cast<const char*>(&record));
-    };
-    if (row.integer)
-        return {Run::Integers, row.form, placeOf(record.*row.integer), 1};
-    if (row.real)
-        return {Run::Reals, row.form, placeOf(record.*row.real), 1};
-    return {Run::Ignored, row.form, 0, 1};
-}
-
-/// The rows that a version has, in as few runs as can be: number by number a file of many records would
-/// take several times as long.
-template <class Record, std::size_t Count>
-std::vector<Run> runsOf(const NumberRow<Record> (&rows)[Count], std::uint32_t version)
-{
-    static_assert(std::is_standard_layout_v<Record>);
-    std::vector<Run> runs;
-    for (const NumberRow<Record>& row : rows) {
-        if (!row.isIn(version))
-            continue;
-        const Run run = runOf(row);
-        if (!runs.empty() && runs.back().isContinuedBy(run))
-            ++runs.back().count;
-        else
-            runs.push_back(run);
-    }
-    return runs;
-}
-
-/// How many of the first `bytes` bytes of a record, or of several in a row, belong to whole numbers.
-std::int64_t wholeNumbers(const std::vector<Run>& runs, std::int64_t bytes)
-{
-    std::int64_t whole = 0;
-    for (;;) {
-        for (const Run& run : runs) {
-            const std::int64_t width = SaccLayout::widthOf(run.form);
-            const std::int64_t count = std::min<std::int64_t>((bytes - whole) / width, run.count);
-            whole += count * width;
-            if (count < run.count)
-                return whole;
-        }
-    }
-}
-
-template <class Bits>
-void swapAll(const char* bytes, std::uint32_t count, char* target)
-{
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const Bits value = qFromBigEndian<Bits>(bytes + i * sizeof(Bits));
-        std::memcpy(target + i * sizeof(Bits), &value, sizeof(Bits));
-    }
-}
-
-template <class Stored>
-void widen(const char* bytes, std::uint32_t count, char* target)
-{
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const double real = qFromBigEndian<Stored>(bytes + i * sizeof(Stored));
-        std::memcpy(target + i * sizeof(real), &real, sizeof(real));
-    }
-}
-
-/// Reads one record and moves `bytes` behind it.
-template <class Record>
-void readRecord(const char*& bytes, const std::vector<Run>& runs, Record& record)
-{
-    for (const Run& run : runs) {
-        char* const target = reinterpret_cast<char*>(&record) + run.place;
-        if (run.kind == Run::Integers)
-            swapAll<quint32>(bytes, run.count, target);
-        else if (run.kind == Run::Reals && run.form == Form::F64)
-            swapAll<quint64>(bytes, run.count, target);
-        else if (run.kind == Run::Reals && run.form == Form::I32)
-            widen<qint32>(bytes, run.count, target);
-        else if (run.kind == Run::Reals)
-            widen<quint32>(bytes, run.count, target);
-        bytes += run.count * SaccLayout::widthOf(run.form);
-    }
-}
-
-/// Appends a record of the last version, which has nothing to be widened or ignored.
-template <class Record>
-void writeRecord(std::string& bytes, const std::vector<Run>& runs, const Record& record)
-{
-    for (const Run& run : runs) {
-        const char* const source = reinterpret_cast<const char*>(&record) + run.place;
-        const std::size_t end = bytes.size();
-        bytes.resize(end + run.count * SaccLayout::widthOf(run.form));
-        if (run.kind == Run::Integers)
-            qToBigEndian<quint32>(source, run.count, &bytes[end]);
-        else
-            qToBigEndian<quint64>(source, run.count, &bytes[end]);
-    }
-}
-
 /// What the conversions of older versions take from the header.
 struct Conversion
 {
@@ -475,9 +356,9 @@ private:
 };
 
 /// Appends `count` records of `size` bytes to `records`; `read(bytes, record)` takes one from memory. Numbers
-/// that the file does not hold whole are read as zeros.
-template <class Record, class Read>
-void readRecords(Source& source, std::uint32_t count, std::uint32_t size, const std::vector<Run>& runs,
+/// that the file does not hold whole are read as zeros. `format` is that of a record or of its parts.
+template <class Format, class Record, class Read>
+void readRecords(Source& source, std::uint32_t count, std::uint32_t size, const Format& format,
                  std::vector<Record>& records, Read&& read)
 {
     const std::int64_t inBlock = BlockSize / size;
@@ -488,7 +369,7 @@ void readRecords(Source& source, std::uint32_t count, std::uint32_t size, const 
         const std::int64_t piece = std::min(left, inBlock);
         const std::int64_t stored = source.read(block.data(), piece * size);
         if (stored < piece * size)
-            std::fill(block.begin() + wholeNumbers(runs, stored), block.end(), '\0');
+            std::fill(block.begin() + format.wholeNumbers(stored), block.end(), '\0');
         const char* bytes = block.data();
         for (std::int64_t i = 0; i < piece; ++i)
             read(bytes, records.emplace_back());
@@ -499,25 +380,26 @@ void readRecords(Source& source, std::uint32_t count, std::uint32_t size, const 
 void readSaccades(Source& source, std::uint32_t count, const Conversion& conversion, KiroSaccHeader& header)
 {
     const std::uint32_t version = header.version;
-    const auto runs = runsOf(SaccLayout::BlockRows, version);
+    const SaccRecords<KiroSaccadeEye> blocks(SaccLayout::BlockRows, version);
     const auto read = [&](const char*& bytes, KiroSaccade& saccade) {
-        readRecord(bytes, runs, saccade.main);
+        blocks.read(bytes, saccade.main);
         if (version >= Since::ThreeBlocks) {
-            readRecord(bytes, runs, saccade.left);
-            readRecord(bytes, runs, saccade.right);
+            blocks.read(bytes, saccade.left);
+            blocks.read(bytes, saccade.right);
         } else {
             conversion.apply(saccade.main);
         }
     };
-    readRecords(source, count, SaccLayout::saccadeSize(version), runs, header.saccades, read);
+    readRecords(source, count, SaccLayout::saccadeSize(version), blocks, header.saccades, read);
 }
 
 void readBlinks(Source& source, std::uint32_t count, KiroSaccHeader& header)
 {
-    const auto runs = runsOf(SaccLayout::BlinkRows, header.version);
-    const auto read = [&](const char*& bytes, KiroBlink& blink) { readRecord(bytes, runs, blink); };
-    if (count > 0)
-        readRecords(source, count, SaccLayout::blinkSize(header.version), runs, header.blinks, read);
+    if (count == 0)
+        return;
+    const SaccRecords<KiroBlink> format(SaccLayout::BlinkRows, header.version);
+    const auto read = [&](const char*& bytes, KiroBlink& blink) { format.read(bytes, blink); };
+    readRecords(source, count, SaccLayout::blinkSize(header.version), format, header.blinks, read);
 }
 
 template <class Rows>
@@ -595,22 +477,22 @@ KiroString KiroSaccHeader::read(const KiroString& path)
         return loadText("can't open file (%1)").arg(path);
     Parts<KiroSaccHeader> parts{*this};
     readRows(source, SaccLayout::StartRows, SaccLayout::Last, parts);
-    const KiroString problem = source.hasFailed() ? KiroString() : startProblem(parts);
+    if (source.hasFailed())
+        return loadText("can't read file (%1)").arg(path);
+    KiroString problem = startProblem(parts);
     if (!problem.isEmpty())
         return problem;
-    if (!source.hasFailed()) {
-        version = parts.version;
-        readRows(source, SaccLayout::HeaderRows, version, parts);
-        const Conversion conversion = convertHeader(parts);
-        if (!checkCounts(parts.saccadeCount, parts.blinkCount, source.size())) {
-            return loadText("too many records announced (%1 saccades, %2 blinks, %3 bytes missing)")
-                .arg(parts.saccadeCount)
-                .arg(parts.blinkCount)
-                .arg(m_missingBytes);
-        }
-        readSaccades(source, parts.saccadeCount, conversion, *this);
-        readBlinks(source, parts.blinkCount, *this);
+    version = parts.version;
+    readRows(source, SaccLayout::HeaderRows, version, parts);
+    const Conversion conversion = convertHeader(parts);
+    if (!checkCounts(parts.saccadeCount, parts.blinkCount, source.size())) {
+        return loadText("too many records announced (%1 saccades, %2 blinks, %3 bytes missing)")
+            .arg(parts.saccadeCount)
+            .arg(parts.blinkCount)
+            .arg(m_missingBytes);
     }
+    readSaccades(source, parts.saccadeCount, conversion, *this);
+    readBlinks(source, parts.blinkCount, *this);
     if (source.hasFailed())
         return loadText("can't read file (%1)").arg(path);
     fileName = path;
@@ -672,15 +554,15 @@ std::string KiroSaccHeader::toBytes() const
     walkRows(StartRows, walk, parts, Last);
     walkRows(HeaderRows, walk, parts, Last);
     std::string bytes = encoder.takeBytes();
-    const auto blockRuns = runsOf(BlockRows, Last);
+    const SaccRecords<KiroSaccadeEye> blocks(BlockRows, Last);
     for (const KiroSaccade& saccade : saccades) {
-        writeRecord(bytes, blockRuns, saccade.main);
-        writeRecord(bytes, blockRuns, saccade.left);
-        writeRecord(bytes, blockRuns, saccade.right);
+        blocks.append(bytes, saccade.main);
+        blocks.append(bytes, saccade.left);
+        blocks.append(bytes, saccade.right);
     }
-    const auto blinkRuns = runsOf(BlinkRows, Last);
+    const SaccRecords<KiroBlink> blinkRecords(BlinkRows, Last);
     for (const KiroBlink& blink : blinks)
-        writeRecord(bytes, blinkRuns, blink);
+        blinkRecords.append(bytes, blink);
     return bytes;
 }
 

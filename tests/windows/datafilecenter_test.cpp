@@ -8,17 +8,21 @@
 #include "recordingfile.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemModel>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
@@ -501,4 +505,104 @@ TEST_F(DataFileCenterTest, ImportOfABrokenFileIsReportedAndLeavesNoFile)
                       QStringLiteral("The file contains no data or header is invalid (size < 512 bytes)"))));
     EXPECT_TRUE(m_window->fileName().isEmpty());
     EXPECT_FALSE(QFile::exists(m_folder.path(QStringLiteral("e.kiro"))));
+}
+
+TEST_F(DataFileCenterTest, ImportReplacesAnOlderRecordingWithoutAsking)
+{
+    const QString source = m_folder.write(QStringLiteral("e.edf"), edfBytes("-100", "100")).toQString();
+    m_folder.write(QStringLiteral("e.kiro"), "older");
+    m_window->importFile(source);
+    EXPECT_EQ(m_window->fileName(), m_folder.path(QStringLiteral("e.kiro")));
+    EXPECT_EQ(shown("labelCount"), QStringLiteral("2"));
+    EXPECT_TRUE(m_answers.seen().isEmpty());
+}
+
+TEST_F(DataFileCenterTest, AConversionThatFailsIsReportedAndShowsNothing)
+{
+    const QString source = m_folder.write(QStringLiteral("e.edf"), edfBytes("-100", "100")).toQString();
+    ASSERT_TRUE(QDir().mkpath(m_folder.path(QStringLiteral("e.kiro")))); // a folder in the recording's place
+    m_answers.press(QMessageBox::Ok);
+    m_window->importFile(source);
+    ASSERT_EQ(m_answers.seen().size(), 1);
+    EXPECT_TRUE(m_answers.seen().first().startsWith(QStringLiteral("File browser|")));
+    EXPECT_TRUE(m_window->fileName().isEmpty());
+}
+
+TEST_F(DataFileCenterTest, AFileThatGoesAwayAfterItsRepairIsFatal)
+{
+    const QString path = writeRecording(0, 10);
+    m_answers.press(QMessageBox::Yes);
+    m_answers.answer([path](QWidget* done) {
+        QFile::remove(path);
+        done->close();
+    });
+    EXPECT_EQ(fatalErrorOf([&] { m_window->openFile(path); }),
+              QStringLiteral("DataFileCenter::onOpen() - can't open file \"%1\" after header correction!")
+                  .arg(path)
+                  .toStdString());
+}
+
+TEST_F(DataFileCenterTest, TheImportDialogShowsTheFilesOfAllKinds)
+{
+    const QString folder = m_folder.path(QStringLiteral("."));
+    for (const char* name : {"a.bdf", "b.edf", "c.rec", "d.txt"})
+        m_folder.write(QString::fromLatin1(name), "x");
+    QStringList filters;
+    QStringList shownFiles;
+    m_answers.answer([&](QWidget* window) {
+        auto* const dialog = qobject_cast<QFileDialog*>(window);
+        ASSERT_TRUE(dialog);
+        filters = dialog->nameFilters();
+        dialog->setDirectory(folder);
+        const QAbstractItemView* const list =
+            dialog->findChild<QAbstractItemView*>(QStringLiteral("listView"));
+        ASSERT_TRUE(list);
+        QTRY_VERIFY(list->model()->rowCount(list->rootIndex()) >= 3);
+        for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+            shownFiles << list->model()->index(row, 0, list->rootIndex()).data().toString();
+        dialog->reject();
+    });
+    QTest::mouseClick(widget<QAbstractButton>("buttonImport"), Qt::LeftButton);
+    EXPECT_EQ(filters,
+              (QStringList{QStringLiteral("BDF/EDF file (*.bdf *.edf *.rec)"),
+                           QStringLiteral("BioSemi Data File (*.bdf)"),
+                           QStringLiteral("European Data File (*.edf)"),
+                           QStringLiteral("Recording file (*.rec)"), QStringLiteral("All files (*.*)")}));
+    EXPECT_EQ(shownFiles,
+              (QStringList{QStringLiteral("a.bdf"), QStringLiteral("b.edf"), QStringLiteral("c.rec")}));
+}
+
+TEST_F(DataFileCenterTest, TextsOfAFileAreNoMarkup)
+{
+    KiroHeader header = makeHeader({makeSignal("Eye movement", KiroValue::SignedInt, 2, 1)}, 10);
+    const QString text = QStringLiteral("<table width=100000><tr><td>wide</td></tr></table>");
+    header.setStoringProgram(text);
+    const QString path =
+        m_folder.write(QStringLiteral("h.kiro"), recordingBytes(header, countingWords(10))).toQString();
+    const int before = m_window->minimumSizeHint().width();
+    m_window->openFile(path);
+    EXPECT_EQ(shown("labelProgram"), text);
+    for (const char* name :
+         {"labelProgram", "labelFileVersion", "labelCount", "labelTotalTime", "labelDate", "labelTime"})
+        EXPECT_EQ(widget<QLabel>(name)->textFormat(), Qt::PlainText) << name;
+    EXPECT_LT(m_window->minimumSizeHint().width(), before + 1000);
+}
+
+TEST_F(DataFileCenterTest, ClosingDuringAnImportEndsItAndLeavesNoFile)
+{
+    std::string bytes = edfBytes("-100", "100");
+    constexpr int Records = 400000;
+    std::string count = std::to_string(Records);
+    count.resize(8, ' ');
+    bytes.replace(236, 8, count);
+    bytes.resize(512 + std::size_t(Records) * 8, '\1');
+    const QString source = m_folder.write(QStringLiteral("long.edf"), bytes).toQString();
+    m_window->show();
+    QTimer::singleShot(0, m_window.get(), [this] { EXPECT_FALSE(m_window->close()); });
+    m_window->importFile(source);
+    EXPECT_TRUE(m_window->isVisible());
+    QApplication::processEvents();
+    EXPECT_FALSE(m_window->isVisible());
+    EXPECT_TRUE(m_window->fileName().isEmpty());
+    EXPECT_FALSE(QFile::exists(m_folder.path(QStringLiteral("long.kiro"))));
 }

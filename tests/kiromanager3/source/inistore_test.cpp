@@ -13,6 +13,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -248,6 +249,17 @@ TEST(IniStoreValues, SettersToAMissingSectionStoreNothing)
     EXPECT_FALSE(store.setPoint(S, K, {1, 2}));
     EXPECT_FALSE(store.setSize(S, K, {1, 2}));
     EXPECT_EQ(store.toString(), QString());
+}
+
+TEST(IniStoreValues, TextsWithALineFeedAreRefusedSinceTheyWouldBeReadAsOtherLines)
+{
+    IniStore store = holding("old");
+    const QString folder = QStringLiteral("/tmp/a\n[GENERAL]\nupdate_server=elsewhere");
+    EXPECT_FALSE(store.setValue(S, K, folder));
+    EXPECT_FALSE(store.setValue(S, folder, QStringLiteral("v")));
+    store.setSection(folder);
+    EXPECT_FALSE(store.setValue(K, QStringLiteral("v")));
+    EXPECT_EQ(store.toString(), QStringLiteral("[s]\nk=old\n\n"));
 }
 
 TEST(IniStoreValues, AbsentKeysGiveTheFallbackOfEveryType)
@@ -551,6 +563,26 @@ TEST_F(IniStoreFile, FailedSaveReportsItAndKeepsTheOldName)
     ASSERT_TRUE(store.load(write("[s]\nk=v\n")));
     EXPECT_FALSE(store.saveAs(m_folder.path(QStringLiteral("missing/file"))));
     EXPECT_EQ(store.fileName(), path());
+}
+
+// As root permissions do not bind, so the saving runs in a child that has given its rights up.
+TEST_F(IniStoreFile, AFileInAFolderThatTakesNoNewOneIsWrittenOver)
+{
+    write("[s]\nk=a long old value that must not shine through\n");
+    ASSERT_EQ(::chmod(qPrintable(path()), 0666), 0);
+    ASSERT_EQ(::chmod(qPrintable(m_folder.path(QString())), 0555), 0);
+    EXPECT_EXIT(
+        {
+            if (::geteuid() == 0 && ::setuid(65534) != 0)
+                ::_exit(9);
+            IniStore store;
+            const bool loaded = store.load(path());
+            store.setValue(S, K, QStringLiteral("new"));
+            ::_exit(loaded && store.save() ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+    ASSERT_EQ(::chmod(qPrintable(m_folder.path(QString())), 0755), 0);
+    EXPECT_EQ(content(), "[s]\nk=new\n\n");
 }
 
 TEST_F(IniStoreFile, DiskWithoutRoomLeavesTheOldFile)

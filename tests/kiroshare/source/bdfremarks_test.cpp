@@ -137,6 +137,16 @@ TEST(BdfRemarks, InvertedRangeIsNamed)
         std::string(Inverted) + "A1 (-100 to 100 uV).");
 }
 
+TEST(BdfRemarks, GainThatIsNotKeptIsNamedWithTheValueOfAStep)
+{
+    const std::string text =
+        "The gain is too small for the import to keep it, so that samples are stored as they are, without "
+        "calibration, in (value of one step): A1 (2.5 uV).";
+    EXPECT_EQ(onlyRemark(remarksOn(withRanges("-2500", "2500", "-1000", "1000")), BdfRemark::LostScale, {0}),
+              text);
+    EXPECT_TRUE(remarksOn(withRanges("-1000", "1000", "-1000", "1000")).empty()) << "one step is one unit";
+}
+
 TEST(BdfRemarks, RangeInvertedTwiceNeedsNone)
 {
     EXPECT_TRUE(remarksOn(withRanges("100", "-100", "1000", "-1000")).empty());

@@ -360,13 +360,13 @@ TEST(KiroSaccHeader, SaveAsReportsWhatItCannotOpen)
     const TestFolder folder;
     const QString pipe = folder.path(QStringLiteral("pipe"));
     ASSERT_EQ(::mkfifo(qPrintable(pipe), 0600), 0);
-    for (const QString& path : {folder.path(QString()), folder.path(QStringLiteral("no/such/a.sacc")), pipe,
-                                QStringLiteral("/dev/null"), QString()}) {
+    for (const QString& path :
+         {folder.path(QString()), folder.path(QStringLiteral("no/such/a.sacc")), pipe, QString()}) {
         KiroSaccHeader header = someHeader();
         EXPECT_FALSE(header.saveAs(KiroString(path))) << path.toStdString();
         EXPECT_EQ(header.error, Save + KiroString("can't open file (%1)").arg(KiroString(path)));
     }
-    EXPECT_FALSE(QFileInfo(pipe).isFile());
+    EXPECT_FALSE(QFileInfo(pipe).isFile()); // it was not replaced
 }
 
 // Which names can be written depends on the local encoding, but a file of another name must not come of it.

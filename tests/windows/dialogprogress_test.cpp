@@ -1,0 +1,138 @@
+#include "dialogprogress.h"
+
+#include "openevents.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace
+{
+
+/// A window with a field and a shortcut that notes what reaches it.
+class JobWindow : public QWidget
+{
+public:
+    JobWindow()
+    {
+        field = new QLineEdit(this);
+        auto* const shortcut = new QShortcut(QKeySequence(QStringLiteral("Ctrl+O")), this);
+        connect(shortcut, &QShortcut::activated, this, [this] { ++shortcuts; });
+        resize(300, 100);
+        show();
+        activateWindow();
+        QApplication::processEvents();
+        field->setFocus();
+    }
+
+    QLineEdit* field;
+    int shortcuts = 0;
+    QStringList opened;
+
+protected:
+    void customEvent(QEvent* event) override
+    {
+        if (event->type() == OpenFileEvent::Number)
+            opened << static_cast<OpenFileEvent*>(event)->path();
+    }
+};
+
+QProgressDialog* shownDialog(const QWidget& window)
+{
+    auto* const dialog = window.findChild<QProgressDialog*>();
+    return dialog && dialog->isVisible() ? dialog : nullptr;
+}
+
+} // namespace
+
+TEST(DialogProgressTest, ClosingTheWindowCancelsTheJobFirst)
+{
+    auto* const window = new JobWindow;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    const QPointer<JobWindow> watched(window);
+    {
+        DialogProgress progress(window, QStringLiteral("Working"));
+        EXPECT_FALSE(progress.cancelled());
+        EXPECT_FALSE(window->close());
+        EXPECT_TRUE(progress.cancelled());
+        progress.setValue(50);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ASSERT_TRUE(watched);
+    }
+    EXPECT_TRUE(watched);
+    QApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(watched) << "closed once the job is over";
+}
+
+TEST(DialogProgressTest, TheWindowTakesNoInputBeforeTheDialogShows)
+{
+    JobWindow window;
+    {
+        DialogProgress progress(&window, QStringLiteral("Working"));
+        QTest::keyClicks(window.field, QStringLiteral("x"));
+        QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
+        progress.cancelled();
+        EXPECT_EQ(window.field->text(), QString());
+        EXPECT_EQ(window.shortcuts, 0);
+    }
+    QTest::keyClicks(window.field, QStringLiteral("x"));
+    EXPECT_EQ(window.field->text(), QStringLiteral("x"));
+}
+
+TEST(DialogProgressTest, FilesToOpenWaitForTheEndOfTheJob)
+{
+    JobWindow window;
+    {
+        DialogProgress progress(&window, QStringLiteral("Working"));
+        QApplication::postEvent(&window, new OpenFileEvent(QStringLiteral("/a.kiro")));
+        QApplication::postEvent(&window, new OpenFileEvent(QStringLiteral("/b.kiro")));
+        progress.cancelled();
+        EXPECT_TRUE(window.opened.isEmpty());
+    }
+    QApplication::processEvents();
+    EXPECT_EQ(window.opened, (QStringList{QStringLiteral("/a.kiro"), QStringLiteral("/b.kiro")}));
+}
+
+TEST(DialogProgressTest, CancelEndsTheJob)
+{
+    JobWindow window;
+    DialogProgress progress(&window, QStringLiteral("Working"));
+    progress.setRange(0, 1000);
+    QTest::qWait(350);
+    progress.setValue(500);
+    progress.setText(QStringLiteral("<b>still</b> at it"));
+    QProgressDialog* const dialog = shownDialog(window);
+    ASSERT_TRUE(dialog);
+    auto* const label = dialog->findChild<QLabel*>();
+    ASSERT_TRUE(label);
+    EXPECT_EQ(label->text(), QStringLiteral("<b>still</b> at it"));
+    EXPECT_EQ(label->textFormat(), Qt::PlainText) << "a file name is no markup";
+    EXPECT_FALSE(progress.cancelled());
+    QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_TRUE(progress.cancelled());
+}
+
+TEST(DialogProgressTest, ShortJobsShowNoDialog)
+{
+    JobWindow window;
+    DialogProgress progress(&window, QStringLiteral("Working"));
+    progress.setRange(0, 2);
+    progress.setValue(1);
+    EXPECT_FALSE(shownDialog(window));
+}
+
+TEST(DialogProgressTest, WorksWithoutAWindow)
+{
+    DialogProgress progress(nullptr, QStringLiteral("Working"));
+    progress.setRange(0, 2);
+    progress.setValue(1);
+    EXPECT_FALSE(progress.cancelled());
+}
