@@ -532,7 +532,7 @@ TEST_F(KiroSaccLoad, AShortFileMayMiss4MiBAndNoMore)
 TEST_F(KiroSaccLoad, ALongFileMayMissAsMuchAsItHolds)
 {
     SaccFields fields;
-    fields.records = std::string(20000 * 324, '\1');
+    fields.records = std::string(std::size_t(20000) * 324, '\1');
     fields.saccadeCount = 40051; // (40051 - 20000) * 324 = 6496524, and the file has 6496541 bytes
     ASSERT_TRUE(load(fields));
     EXPECT_EQ(header.missingSaccades(), 20051);
