@@ -21,6 +21,7 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDebug>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
@@ -63,6 +64,12 @@ QString withBlanks(QString filter)
 {
     static const QRegularExpression betweenPatterns(QStringLiteral("(?<!;);(?=[^;()][^()]*\\))"));
     return filter.replace(betweenPatterns, QStringLiteral(" "));
+}
+
+/// Where a file dialog begins: one that is not there would stand in it as a file's name.
+QString startFolder(const QString& folder)
+{
+    return QDir(folder).exists() ? folder : QDir::homePath();
 }
 
 /// The one local file of a drag, or nothing.
@@ -199,7 +206,7 @@ void DataFileCenter::take(const QString& path)
 void DataFileCenter::on_buttonOpen_clicked()
 {
     const QString path = QFileDialog::getOpenFileName(
-        this, tr("Select kiro data file"), m_settings.openFolder,
+        this, tr("Select kiro data file"), startFolder(m_settings.openFolder),
         tr("Kiro data file (*.kiro)") + QStringLiteral(";;") + tr("All files (*.*)"));
     if (path.isEmpty())
         return;
@@ -210,7 +217,7 @@ void DataFileCenter::on_buttonOpen_clicked()
 void DataFileCenter::on_buttonImport_clicked()
 {
     const QString path = QFileDialog::getOpenFileName(
-        this, tr("Select BDF/EDF file"), m_settings.openFolder,
+        this, tr("Select BDF/EDF file"), startFolder(m_settings.openFolder),
         withBlanks(tr("BDF/EDF file (*.bdf;*.edf;*.rec);;BioSemi Data File (*.bdf);;European Data File "
                       "(*.edf);;Recording file (*.rec);;All files (*.*)")));
     if (path.isEmpty())

@@ -354,6 +354,19 @@ TEST_F(DataFileCenterTest, OpenButtonRemembersTheFolder)
     EXPECT_EQ(m_window->fileName(), path);
 }
 
+TEST_F(DataFileCenterTest, WhereTheFolderIsGoneTheDialogsBeginAtHome)
+{
+    const QString folder = m_folder.path(QStringLiteral("sub"));
+    ASSERT_TRUE(QDir().mkpath(folder));
+    m_answers.chooseFile(m_folder.write(QStringLiteral("sub/none.kiro"), "x").toQString());
+    m_answers.press(QMessageBox::Ok);
+    QTest::mouseClick(widget<QAbstractButton>("buttonOpen"), Qt::LeftButton);
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    m_answers.reject();
+    QTest::mouseClick(widget<QAbstractButton>("buttonOpen"), Qt::LeftButton);
+    EXPECT_EQ(m_answers.seen().last(), QStringLiteral("Select kiro data file|") + QDir::homePath());
+}
+
 TEST_F(DataFileCenterTest, SettingsAreKeptFromOneWindowToTheNext)
 {
     m_window->show();
