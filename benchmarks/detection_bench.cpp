@@ -1,6 +1,7 @@
 // Detection with both eyes over one hour at 1000 Hz.
 
 #include "goals.h"
+#include "repetitions.h"
 
 #include "detectionrun.h"
 #include "eyesignals.h"
@@ -69,10 +70,8 @@ void DetectBinocular(benchmark::State& state)
     std::size_t found = 0;
     for (auto _ : state)
         found = runDetection(3, 1000.0, DetectionSettings(), input).saccades.size();
-    if (found < 1000) {
-        std::fprintf(stderr, "too few saccades were found: %zu\n", found);
-        std::exit(1);
-    }
+    if (found < 1000)
+        stop("too few saccades were found");
     state.counters["saccades"] = double(found);
 }
 
@@ -102,23 +101,9 @@ void CopyFourArraysInPlace(benchmark::State& state)
     }
 }
 
-double leastOf(const std::vector<double>& times)
-{
-    return *std::min_element(times.begin(), times.end());
-}
-
-void severalTimes(benchmark::internal::Benchmark* bench)
-{
-    bench->Unit(benchmark::kMillisecond)
-        ->Repetitions(5)
-        ->Iterations(1)
-        ->DisplayAggregatesOnly()
-        ->ComputeStatistics("min", leastOf);
-}
-
-BENCHMARK(DetectBinocular)->Apply(severalTimes);
-BENCHMARK(CopyFourArrays)->Apply(severalTimes);
-BENCHMARK(CopyFourArraysInPlace)->Apply(severalTimes);
+BENCHMARK(DetectBinocular)->Apply(repeatedOnce<5>);
+BENCHMARK(CopyFourArrays)->Apply(repeatedOnce<5>);
+BENCHMARK(CopyFourArraysInPlace)->Apply(repeatedOnce<5>);
 
 const bool Goals[] = {
     registerGoal({"binocular-detection-to-copy", "DetectBinocular", "CopyFourArraysInPlace",

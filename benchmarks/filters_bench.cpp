@@ -1,6 +1,7 @@
 // Median of three seconds over half an hour of a pulse signal at 1000 Hz, and the filters of fixed length.
 
 #include "goals.h"
+#include "repetitions.h"
 
 #include "samplefilters.h"
 
@@ -22,12 +23,6 @@ using Samples = std::vector<double>;
 
 constexpr std::size_t SampleCount = 30 * 60 * 1000;
 constexpr std::int32_t MedianWindow = 3001;
-
-[[noreturn]] void stop(const char* why)
-{
-    std::fprintf(stderr, "%s\n", why);
-    std::exit(1);
-}
 
 /// A pulse of 72 beats a minute on a baseline that wanders, with noise, in steps of a converter.
 const Samples& pulse()
@@ -115,37 +110,13 @@ void MovingAverage(benchmark::State& state)
         movingAverage(input, output, 11);
 }
 
-double leastOf(const std::vector<double>& times)
-{
-    return *std::min_element(times.begin(), times.end());
-}
-
-void repeated(benchmark::internal::Benchmark* bench, int repetitions)
-{
-    bench->Unit(benchmark::kMillisecond)
-        ->Repetitions(repetitions)
-        ->Iterations(1)
-        ->DisplayAggregatesOnly()
-        ->ComputeStatistics("min", leastOf);
-}
-
-void severalTimes(benchmark::internal::Benchmark* bench)
-{
-    repeated(bench, 5);
-}
-
-/// For what takes half a minute; of a single repetition no statistics would be made.
-void twice(benchmark::internal::Benchmark* bench)
-{
-    repeated(bench, 2);
-}
-
-BENCHMARK(RunningMedian)->Apply(severalTimes);
-BENCHMARK(PlainRunningMedian)->Apply(twice);
-BENCHMARK(SmoothSavitzkyGolay11)->Apply(severalTimes);
-BENCHMARK(VelocitySavitzkyGolay11)->Apply(severalTimes);
-BENCHMARK(VelocitySavitzkyGolay15)->Apply(severalTimes);
-BENCHMARK(MovingAverage)->Apply(severalTimes);
+BENCHMARK(RunningMedian)->Apply(repeatedOnce<5>);
+// Takes half a minute; of a single repetition no statistics would be made.
+BENCHMARK(PlainRunningMedian)->Apply(repeatedOnce<2>);
+BENCHMARK(SmoothSavitzkyGolay11)->Apply(repeatedOnce<5>);
+BENCHMARK(VelocitySavitzkyGolay11)->Apply(repeatedOnce<5>);
+BENCHMARK(VelocitySavitzkyGolay15)->Apply(repeatedOnce<5>);
+BENCHMARK(MovingAverage)->Apply(repeatedOnce<5>);
 
 const bool Goals[] = {
     registerGoal(

@@ -1,6 +1,7 @@
 // Import of a BDF file of 100 MB: 16 channels of 24 bits at 1024 Hz in records of a second.
 
 #include "goals.h"
+#include "repetitions.h"
 
 #include "bdfimporter.h"
 
@@ -22,12 +23,6 @@ constexpr int Channels = 16;
 constexpr int SamplesInRecord = 1024;
 constexpr int RecordBytes = Channels * SamplesInRecord * 3;
 constexpr int Records = 100000000 / RecordBytes + 1;
-
-[[noreturn]] void stop(const char* why)
-{
-    std::fprintf(stderr, "%s\n", why);
-    std::exit(1);
-}
 
 QByteArray field(const QString& text, int width)
 {
@@ -109,22 +104,8 @@ void ImportBdf(benchmark::State& state)
     }
 }
 
-double leastOf(const std::vector<double>& times)
-{
-    return *std::min_element(times.begin(), times.end());
-}
-
-void severalTimes(benchmark::internal::Benchmark* bench)
-{
-    bench->Unit(benchmark::kMillisecond)
-        ->Repetitions(5)
-        ->Iterations(1)
-        ->DisplayAggregatesOnly()
-        ->ComputeStatistics("min", leastOf);
-}
-
-BENCHMARK(CopyBdf)->Apply(severalTimes);
-BENCHMARK(ImportBdf)->Apply(severalTimes);
+BENCHMARK(CopyBdf)->Apply(repeatedOnce<5>);
+BENCHMARK(ImportBdf)->Apply(repeatedOnce<5>);
 
 const bool Goals[] = {
     registerGoal({"import-to-copy", "ImportBdf", "CopyBdf", Goal::Kind::AtMost, 4.0}),

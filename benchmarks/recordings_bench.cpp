@@ -1,6 +1,7 @@
 // Reading of a recording of 16 signals of 16 bits at 1000 Hz, 60 minutes in frames of 4 ms.
 
 #include "goals.h"
+#include "repetitions.h"
 
 #include "jobprogress.h"
 #include "kirobulkreader.h"
@@ -27,12 +28,6 @@ constexpr int SamplesOfSignal = Frames * SamplesPerFrame;
 constexpr int RandomSamples = 100000;
 /// As the signals browser sets it.
 constexpr int ReadSize = 5242880;
-
-[[noreturn]] void stop(const char* why)
-{
-    std::fprintf(stderr, "%s\n", why);
-    std::exit(1);
-}
 
 void writeRecording(const KiroString& path)
 {
@@ -218,28 +213,15 @@ void GetSampleRandom(benchmark::State& state)
     getSamples(state, RandomSamples, 0, 4096, [&order](int i) { return order[std::size_t(i)]; });
 }
 
-double leastOf(const std::vector<double>& times)
-{
-    return *std::min_element(times.begin(), times.end());
-}
-
-void severalTimes(benchmark::internal::Benchmark* bench)
-{
-    bench->Unit(benchmark::kMillisecond)
-        ->Repetitions(7)
-        ->DisplayAggregatesOnly()
-        ->ComputeStatistics("min", leastOf);
-}
-
-BENCHMARK(ReadBytes)->Apply(severalTimes);
-BENCHMARK(LoadAllSignals)->Apply(severalTimes);
-BENCHMARK(ReadBytesIntoFreshMemory)->Apply(severalTimes);
-BENCHMARK(LoadAllSignalsIntoFreshMemory)->Apply(severalTimes);
-BENCHMARK(GetSampleOfAllSignals)->Apply(severalTimes)->Iterations(1);
-BENCHMARK(ReadHeader)->Apply(severalTimes)->Unit(benchmark::kMicrosecond);
-BENCHMARK(GetSampleForward)->Apply(severalTimes);
-BENCHMARK(GetSampleBackward)->Apply(severalTimes);
-BENCHMARK(GetSampleRandom)->Apply(severalTimes);
+BENCHMARK(ReadBytes)->Apply(repeated<7>);
+BENCHMARK(LoadAllSignals)->Apply(repeated<7>);
+BENCHMARK(ReadBytesIntoFreshMemory)->Apply(repeated<7>);
+BENCHMARK(LoadAllSignalsIntoFreshMemory)->Apply(repeated<7>);
+BENCHMARK(GetSampleOfAllSignals)->Apply(repeated<7>)->Iterations(1);
+BENCHMARK(ReadHeader)->Apply(repeated<7>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(GetSampleForward)->Apply(repeated<7>);
+BENCHMARK(GetSampleBackward)->Apply(repeated<7>);
+BENCHMARK(GetSampleRandom)->Apply(repeated<7>);
 
 const bool Goals[] = {
     // Both put an hour's bytes into memory of their own; touching that memory is most of the cost.

@@ -1,6 +1,7 @@
 // Reading of a saccade file of 100000 saccades.
 
 #include "goals.h"
+#include "repetitions.h"
 
 #include "kirofile.h"
 #include "kirosaccheader.h"
@@ -20,12 +21,6 @@ namespace
 {
 
 constexpr int Saccades = 100000;
-
-[[noreturn]] void stop(const char* why)
-{
-    std::fprintf(stderr, "%s\n", why);
-    std::exit(1);
-}
 
 KiroSaccadeEye someEye(std::mt19937& generator)
 {
@@ -121,22 +116,9 @@ void LoadSaccades(benchmark::State& state)
     }
 }
 
-double leastOf(const std::vector<double>& times)
-{
-    return *std::min_element(times.begin(), times.end());
-}
-
-void severalTimes(benchmark::internal::Benchmark* bench)
-{
-    bench->Unit(benchmark::kMillisecond)
-        ->Repetitions(7)
-        ->DisplayAggregatesOnly()
-        ->ComputeStatistics("min", leastOf);
-}
-
-BENCHMARK(ReadSaccadeBytes)->Apply(severalTimes);
-BENCHMARK(ReadSaccadeBytesIntoFreshMemory)->Apply(severalTimes);
-BENCHMARK(LoadSaccades)->Apply(severalTimes);
+BENCHMARK(ReadSaccadeBytes)->Apply(repeated<7>);
+BENCHMARK(ReadSaccadeBytesIntoFreshMemory)->Apply(repeated<7>);
+BENCHMARK(LoadSaccades)->Apply(repeated<7>);
 
 const bool Goals[] = {
     registerGoal(

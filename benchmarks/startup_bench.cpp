@@ -1,6 +1,7 @@
 // The start of the window program against an empty one, each as a process of its own on the same screen.
 
 #include "goals.h"
+#include "repetitions.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -43,23 +44,8 @@ void LauncherOnScreen(benchmark::State& state)
     runToScreen(state, LAUNCHER_WINDOW);
 }
 
-double leastOf(const std::vector<double>& times)
-{
-    return *std::min_element(times.begin(), times.end());
-}
-
-void severalTimes(benchmark::internal::Benchmark* bench)
-{
-    bench->Unit(benchmark::kMillisecond)
-        ->Repetitions(15)
-        ->Iterations(1)
-        ->UseRealTime()
-        ->DisplayAggregatesOnly()
-        ->ComputeStatistics("min", leastOf);
-}
-
-BENCHMARK(EmptyWindowOnScreen)->Apply(severalTimes);
-BENCHMARK(LauncherOnScreen)->Apply(severalTimes);
+BENCHMARK(EmptyWindowOnScreen)->Apply(repeatedOnce<15>)->UseRealTime();
+BENCHMARK(LauncherOnScreen)->Apply(repeatedOnce<15>)->UseRealTime();
 
 const bool Goals[] = {
     registerGoal(

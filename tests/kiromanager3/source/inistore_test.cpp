@@ -1,5 +1,6 @@
 #include "inistore.h"
 
+#include "filesizelimit.h"
 #include "recordingbuilder.h"
 
 #include <QDir>
@@ -9,9 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,29 +39,6 @@ IniStore holding(const char* value)
 {
     return holding(QString::fromLatin1(value));
 }
-
-/// Lets files grow to `bytes` only while it lives, as a full disk would.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        struct rlimit small = m_before;
-        small.rlim_cur = bytes;
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handlerBefore);
-    }
-
-private:
-    Q_DISABLE_COPY(FileSizeLimit)
-    struct rlimit m_before = {};
-    void (*m_handlerBefore)(int) = std::signal(SIGXFSZ, SIG_IGN);
-};
 
 class IniStoreFile : public testing::Test
 {

@@ -1,6 +1,7 @@
 #include "bdfimporter.h"
 
 #include "bdfbuilder.h"
+#include "filesizelimit.h"
 #include "jobprogress.h"
 #include "kiroreader.h"
 #include "recordingfile.h"
@@ -11,9 +12,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <csignal>
+#include <memory>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -519,15 +519,10 @@ TEST_F(BdfConvert, DestinationThatCannotBeWrittenWholeIsReportedAndRemoved)
 {
     load(manyBlocks(BdfFields()));
     m_folder.write(QStringLiteral("f.kiro"), Old);
-    struct rlimit limit = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit small = limit;
-    small.rlim_cur = 1000000;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    auto disk = std::make_unique<FileSizeLimit>(1000000);
+    ASSERT_TRUE(disk->isSet());
     const bool converted = m_importer.convert(target());
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, oldHandler);
+    disk.reset();
     EXPECT_FALSE(converted);
     const std::string start = "Failed to write file " + target().toStdString() + " (";
     EXPECT_EQ(m_importer.errorText().toStdString().substr(0, start.size()), start);

@@ -2,6 +2,7 @@
 
 #include "detectionline.h"
 #include "detectionprofile.h"
+#include "filesizelimit.h"
 #include "recordingfile.h"
 
 #include <QFile>
@@ -9,11 +10,9 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <limits>
 #include <sstream>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace
@@ -91,30 +90,6 @@ std::string version8(const std::vector<std::string>& values)
         text += "k: " + value + '\n';
     return text;
 }
-
-/// Limits the size of files that this process writes, which makes writes come back short.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : m_handlerBefore(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        struct rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handlerBefore);
-    }
-
-private:
-    Q_DISABLE_COPY(FileSizeLimit)
-    void (*m_handlerBefore)(int);
-    struct rlimit m_before = {};
-};
 
 /// Sets the default locale for the length of a test.
 class DefaultLocale

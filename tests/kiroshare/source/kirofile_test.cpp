@@ -1,13 +1,13 @@
 #include "kirofile.h"
 
+#include "filesizelimit.h"
 #include "recordingbuilder.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstring>
+#include <memory>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -201,12 +201,8 @@ TEST(KiroFileTest, AFailedWriteIsReportedAtTheLatestByClose)
 {
     const TestFolder folder;
     const KiroString path = folder.write(QStringLiteral("n"), "");
-    struct rlimit before = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit small = before;
-    small.rlim_cur = 100;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    auto disk = std::make_unique<FileSizeLimit>(100);
+    ASSERT_TRUE(disk->isSet());
 
     KiroFile file;
     const bool opened = file.open(path, KiroFile::Create);
@@ -214,8 +210,7 @@ TEST(KiroFileTest, AFailedWriteIsReportedAtTheLatestByClose)
     const bool written = file.writeRaw(block.data(), 500) == 500 && file.flush();
     const bool closed = file.close();
 
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, oldHandler);
+    disk.reset();
     EXPECT_TRUE(opened);
     EXPECT_FALSE(written);
     EXPECT_FALSE(closed);

@@ -1,5 +1,6 @@
 #include "kiroreader.h"
 
+#include "filesizelimit.h"
 #include "kirofile.h"
 #include "recordingfile.h"
 #include "reference/headermove.h"
@@ -12,6 +13,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <memory>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -131,15 +133,10 @@ TEST_F(UpdateHeader, OnlyTheStretchThatDiffersIsWritten)
     ASSERT_TRUE(reader.setFile(m_path));
     reader.header().setNotes("abc");
     // A write of the whole header would go beyond this limit.
-    struct rlimit limit = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit small = limit;
-    small.rlim_cur = 150; // the notes begin at 140
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    auto disk = std::make_unique<FileSizeLimit>(150); // the notes begin at 140
+    ASSERT_TRUE(disk->isSet());
     const bool updated = reader.updateHeader();
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, oldHandler);
+    disk.reset();
     EXPECT_TRUE(updated);
     EXPECT_EQ(fileBytes(m_path), reader.header().toBytes() + countingWords(7));
 }
@@ -298,15 +295,10 @@ TEST_F(UpdateHeader, AFullDiskLeavesTheOldFile)
     KiroReader reader;
     ASSERT_TRUE(reader.setFile(m_path));
     reader.header().setNotes("notes that move a million bytes");
-    struct rlimit limit = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit small = limit;
-    small.rlim_cur = 700000;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    auto disk = std::make_unique<FileSizeLimit>(700000);
+    ASSERT_TRUE(disk->isSet());
     const bool updated = reader.updateHeader();
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, oldHandler);
+    disk.reset();
     EXPECT_FALSE(updated);
     EXPECT_EQ(reader.errorText().bytes(), "KiroReader::updateHeader() - saving new header failed");
     EXPECT_TRUE(fileBytes(m_path) == before);

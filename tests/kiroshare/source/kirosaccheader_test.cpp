@@ -1,5 +1,6 @@
 #include "kirosaccheader.h"
 
+#include "filesizelimit.h"
 #include "recordingbuilder.h"
 #include "saccbuilder.h"
 
@@ -9,9 +10,8 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <memory>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace
@@ -389,15 +389,10 @@ TEST(KiroSaccHeader, AFullDiskLeavesTheOldFile)
     const TestFolder folder;
     const KiroString path = folder.write(QStringLiteral("a.sacc"), "the good old file");
     KiroSaccHeader header = someHeader();
-    struct rlimit limit = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit small = limit;
-    small.rlim_cur = 10000;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    auto disk = std::make_unique<FileSizeLimit>(10000);
+    ASSERT_TRUE(disk->isSet());
     const bool saved = header.saveAs(path);
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, oldHandler);
+    disk.reset();
     EXPECT_FALSE(saved);
     EXPECT_TRUE(header.error.startsWith(Save + KiroString("can't write file (%1): ").arg(path)))
         << header.error.bytes();

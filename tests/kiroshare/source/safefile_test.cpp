@@ -1,5 +1,6 @@
 #include "safefile.h"
 
+#include "filesizelimit.h"
 #include "recordingfile.h"
 
 #include <QDir>
@@ -8,11 +9,10 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <memory>
 
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -119,12 +119,8 @@ TEST_F(SafeFileTest, LinksStayAndTheirFileIsReplaced)
 TEST_F(SafeFileTest, ShortWritesLeaveTheOldFile)
 {
     const std::string large = noise(300000);
-    struct rlimit limit = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit small = limit;
-    small.rlim_cur = 100000;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    auto disk = std::make_unique<FileSizeLimit>(100000);
+    ASSERT_TRUE(disk->isSet());
     bool committed = true;
     QString error;
     {
@@ -135,8 +131,7 @@ TEST_F(SafeFileTest, ShortWritesLeaveTheOldFile)
             error = file.errorText();
         }
     }
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, oldHandler);
+    disk.reset();
     EXPECT_FALSE(committed);
     EXPECT_FALSE(error.isEmpty());
     EXPECT_EQ(content(), Old);
