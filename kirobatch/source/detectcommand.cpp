@@ -152,8 +152,10 @@ std::string axisName(const KiroReader& reader, const EyeSignal& eye)
 /// The detection takes all signals at the rate of the first one.
 void warnOfOtherRates(const KiroReader& reader, const EyeSignals& eyes, double frequency)
 {
-    for (const EyeSignal& eye : eyes.axes) {
-        if (eye.isSet() && reader.header().signalFrequency(eye.signalIndex) != frequency)
+    for (const EyeAxis axis : EyeAxes) {
+        const EyeSignal& eye = eyes[axis];
+        if (usesAxis(eyes.detectionType, axis) && eye.isSet() &&
+            reader.header().signalFrequency(eye.signalIndex) != frequency)
             printMessage("signal " + axisName(reader, eye) + " has another rate than " +
                          axisName(reader, eyes[EyeAxis::RightHorizontal]) +
                          ". Its samples are taken as if it had the same.");
@@ -230,9 +232,9 @@ Outcome detect(const CommandLine& line, DetectOptions& options)
     if (!std::isfinite(frequency) || frequency <= 0.0)
         return Outcome::failed("signal " + axisName(reader, eyes[EyeAxis::RightHorizontal]) + " of " +
                                quoted(options.recording) + " has no sampling rate.");
-    warnOfOtherRates(reader, eyes, frequency);
     if (const Problem problem = loadSamples(reader, options, frequency, eyes))
         return Outcome::failed(*problem);
+    warnOfOtherRates(reader, eyes, frequency);
 
     const DetectedMovements found = runDetection(eyes.detectionType, frequency, options.settings, eyes);
     KiroSaccHeader header;

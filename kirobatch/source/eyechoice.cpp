@@ -55,10 +55,12 @@ std::string missingSignal(const KiroReader& reader, EyeAxis axis)
            signalListHint(reader);
 }
 
-/// How many of the axes, in their order, must be there.
-int neededCount(int detectionType, const EyeSignals& eyes)
+/// How many of the axes, in their order, must be there. Who names a signal of the left eye wants both eyes.
+int neededCount(const CommandLine& line, int detectionType, const EyeSignals& eyes)
 {
-    const bool leftEye = eyes[EyeAxis::LeftHorizontal].isSet() && eyes[EyeAxis::LeftVertical].isSet();
+    const bool leftEye = (eyes[EyeAxis::LeftHorizontal].isSet() && eyes[EyeAxis::LeftVertical].isSet()) ||
+                         line.isSet(optionOf(EyeAxis::LeftHorizontal).name) ||
+                         line.isSet(optionOf(EyeAxis::LeftVertical).name);
     const bool bothEyes = detectionType == 3 || (detectionType == 0 && leftEye);
     return bothEyes ? EyeAxisCount : std::max(detectionType, 1);
 }
@@ -77,7 +79,7 @@ std::optional<std::string> chooseEyes(const CommandLine& line, const KiroReader&
     eyes = chooseEyeSignals(reader.header()).value_or(EyeSignals());
     if (const Problem problem = applyOptions(line, reader, eyes))
         return problem;
-    const int needed = neededCount(detectionType, eyes);
+    const int needed = neededCount(line, detectionType, eyes);
     int position = 0;
     for (const EyeAxis axis : EyeAxes) {
         const bool isNeeded = position++ < needed;

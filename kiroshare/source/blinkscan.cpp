@@ -2,8 +2,8 @@
 
 #include "samplefilters.h"
 #include "savitzkygolay.h"
+#include "slidingextreme.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -22,7 +22,7 @@ private:
     std::int64_t findSecondPeak(std::int64_t i);
     std::int64_t widenLeft(std::int64_t i);
     std::int64_t widenRight(std::int64_t e) const;
-    bool measure(std::int64_t i, std::int64_t e, KiroBlink& blink) const;
+    bool measure(std::int64_t i, std::int64_t e, KiroBlink& blink);
     /// Over 15 samples; it only counts around a figure.
     double velocity15(std::int64_t i) const
     {
@@ -37,6 +37,7 @@ private:
     std::int64_t m_secondPeak = -1; ///< first sample with the second velocity behind all that were searched
     std::int64_t m_widenedFrom = -1;
     std::int64_t m_widenedTo = -1;
+    SlidingMinimum m_lowest;
 };
 
 BlinkScan::BlinkScan(const std::vector<double>& position, const BlinkDetectionParams& params)
@@ -84,9 +85,9 @@ std::int64_t BlinkScan::widenRight(std::int64_t e) const
 
 /// Sets the depths of the strokes; false if they are none of a blink. Without a first stroke the relation
 /// is no number or infinite, and the test of it fails.
-bool BlinkScan::measure(std::int64_t i, std::int64_t e, KiroBlink& blink) const
+bool BlinkScan::measure(std::int64_t i, std::int64_t e, KiroBlink& blink)
 {
-    const double lowest = *std::min_element(m_position.begin() + i, m_position.begin() + e + 1);
+    const double lowest = m_lowest.of(i, e, [this](std::int64_t j) { return m_position[at(j)]; });
     blink.amp1 = std::abs(m_position[at(i)] - lowest);
     blink.amp2 = std::abs(m_position[at(e)] - lowest);
     blink.ampRelation = blink.amp2 / blink.amp1;

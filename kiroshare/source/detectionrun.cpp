@@ -44,21 +44,6 @@ std::uint32_t durationMs(const KiroHeader& recording, int signal)
     return std::isfinite(duration) ? static_cast<std::uint32_t>(std::clamp(duration, 0.0, Most)) : 0;
 }
 
-/// Whether detections of this type use the axis.
-bool usesAxis(int detectionType, EyeAxis axis)
-{
-    switch (axis) {
-    case EyeAxis::RightHorizontal:
-        return true;
-    case EyeAxis::RightVertical:
-        return detectionType >= 2;
-    case EyeAxis::LeftHorizontal:
-    case EyeAxis::LeftVertical:
-        break;
-    }
-    return detectionType >= 3;
-}
-
 } // namespace
 
 DetectedMovements runDetection(int detectionType, double frequency, const DetectionSettings& settings,

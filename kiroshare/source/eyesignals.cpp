@@ -197,6 +197,20 @@ std::int32_t saccadeFileRole(EyeAxis axis)
     return KiroSaccHeader::LeftVertical;
 }
 
+bool usesAxis(int detectionType, EyeAxis axis)
+{
+    switch (axis) {
+    case EyeAxis::RightHorizontal:
+        return true;
+    case EyeAxis::RightVertical:
+        return detectionType >= 2;
+    case EyeAxis::LeftHorizontal:
+    case EyeAxis::LeftVertical:
+        break;
+    }
+    return detectionType >= 3;
+}
+
 void EyeSignals::clearSamples()
 {
     for (EyeSignal& signal : axes) {

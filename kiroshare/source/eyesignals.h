@@ -23,6 +23,9 @@ constexpr std::array<EyeAxis, EyeAxisCount> EyeAxes = {EyeAxis::RightHorizontal,
 /// The role under which a saccade file knows the axis.
 std::int32_t saccadeFileRole(EyeAxis axis);
 
+/// Whether detections of this type look at the axis.
+bool usesAxis(int detectionType, EyeAxis axis);
+
 /// One signal as it is looked at: physical value = (raw - offset) / factor.
 struct EyeSignal
 {

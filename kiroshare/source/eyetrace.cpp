@@ -3,7 +3,6 @@
 #include "samplefilters.h"
 #include "savitzkygolay.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -27,19 +26,6 @@ double slopeAt(const std::vector<double>& samples, std::size_t i)
     return SavitzkyGolay::slopeAt<Slope>(samples.data(), samples.size(), i);
 }
 
-/// Largest value of `value(i)` for the samples from `first` to `last`; of NaN none is larger than the first.
-template <class Value>
-double largest(std::size_t first, std::size_t last, Value value)
-{
-    double most = value(first);
-    for (std::size_t i = first + 1; i <= last; ++i) {
-        const double next = value(i);
-        if (most < next)
-            most = next;
-    }
-    return most;
-}
-
 } // namespace
 
 OneSignalTrace::OneSignalTrace(const std::vector<double>& position)
@@ -58,9 +44,9 @@ double OneSignalTrace::speed15(std::size_t i) const
     return std::abs(velocity15(i));
 }
 
-double OneSignalTrace::largestAcceleration(std::size_t first, std::size_t last) const
+double OneSignalTrace::speedChange(std::size_t i) const
 {
-    return largest(first, last, [this](std::size_t i) { return slopeAt<Slope11>(m_speed, i); });
+    return slopeAt<Slope11>(m_speed, i);
 }
 
 void OneSignalTrace::measureAmplitude(std::size_t first, std::size_t last, KiroSaccadeEye& eye) const
@@ -104,13 +90,11 @@ double TwoSignalTrace::speed15(std::size_t i) const
     return std::sqrt(squaredSpeed15(i));
 }
 
-double TwoSignalTrace::largestAcceleration(std::size_t first, std::size_t last) const
+double TwoSignalTrace::speedChange(std::size_t i) const
 {
-    return std::sqrt(largest(first, last, [this](std::size_t i) {
-        const double horizontal = slopeAt<Slope11>(m_horizontalSpeed, i);
-        const double vertical = slopeAt<Slope11>(m_verticalSpeed, i);
-        return horizontal * horizontal + vertical * vertical;
-    }));
+    const double horizontal = slopeAt<Slope11>(m_horizontalSpeed, i);
+    const double vertical = slopeAt<Slope11>(m_verticalSpeed, i);
+    return horizontal * horizontal + vertical * vertical;
 }
 
 void TwoSignalTrace::measureAmplitude(std::size_t first, std::size_t last, KiroSaccadeEye& eye) const

@@ -2,6 +2,7 @@
 
 #include "kirosaccade.h"
 
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -29,7 +30,9 @@ public:
     bool isForward(std::size_t i) const { return velocity15(i) > 0.0; }
     /// Absolute velocity over 15 samples.
     double speed15(std::size_t i) const;
-    double largestAcceleration(std::size_t first, std::size_t last) const;
+    /// Change of the speed at a sample, and the acceleration of a saccade from the largest of its changes.
+    double speedChange(std::size_t i) const;
+    static double accelerationOf(double largestChange) { return largestChange; }
     /// Sets amplitudes and positions of a saccade between two samples.
     void measureAmplitude(std::size_t first, std::size_t last, KiroSaccadeEye& eye) const;
 
@@ -56,7 +59,9 @@ public:
     /// Whether the length of the velocity over 15 samples is above 0: a direction is not known.
     bool isForward(std::size_t i) const { return squaredSpeed15(i) > 0.0; }
     double speed15(std::size_t i) const;
-    double largestAcceleration(std::size_t first, std::size_t last) const;
+    /// Squared length of the changes of both speeds.
+    double speedChange(std::size_t i) const;
+    static double accelerationOf(double largestChange) { return std::sqrt(largestChange); }
     void measureAmplitude(std::size_t first, std::size_t last, KiroSaccadeEye& eye) const;
 
 private:

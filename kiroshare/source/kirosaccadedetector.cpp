@@ -4,6 +4,7 @@
 #include "eyetrace.h"
 #include "saccadepairs.h"
 #include "saccadescan.h"
+#include "savitzkygolay.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -15,6 +16,9 @@ namespace
 template <class Trace>
 std::vector<KiroSaccade> detectEye(Trace trace, const SaccadeDetectionParams& params, bool keepRejected)
 {
+    // Without any speed there is no peak, whatever the parameters let pass.
+    if (trace.count() < SavitzkyGolay::Slope11::LeastCount)
+        return {};
     std::vector<KiroSaccade> saccades = SaccadeScan<Trace>(trace, params).run(keepRejected);
     mergeCloseSaccades(saccades, Trace::LimitIsTooSoon, params.gap);
     setFixations(saccades);

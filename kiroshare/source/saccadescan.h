@@ -2,6 +2,7 @@
 
 #include "detectionparams.h"
 #include "kirosaccade.h"
+#include "slidingextreme.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,8 +12,8 @@
 /// The search for the saccades of one eye in a trace of either form (eyetrace.h).
 ///
 /// Whatever the parameters are, nothing outside the trace is looked at: a `local` below 1 makes every sample
-/// at or above `minSpeed` a peak. The time is linear in the length of the trace, and does not depend on how
-/// long candidates are, but for the acceleration of those whose duration and amplitude are accepted.
+/// at or above `minSpeed` a peak. The time is linear in the length of the trace, however long the candidates
+/// are: neither onset nor offset moves back from one peak to the next.
 template <class Trace>
 class SaccadeScan
 {
@@ -37,8 +38,8 @@ private:
     std::int64_t findOnset(std::int64_t peak);
     std::int64_t findOffset(std::int64_t peak);
     KiroSaccadeEye extent(std::int64_t onset, std::int64_t offset) const;
-    void measure(KiroSaccadeEye& eye) const;
-    bool isAccepted(std::int64_t peak, KiroSaccadeEye& eye) const;
+    void measure(KiroSaccadeEye& eye);
+    bool isAccepted(std::int64_t peak, KiroSaccadeEye& eye);
     static std::size_t at(std::int64_t i) { return static_cast<std::size_t>(i); }
 
     const Trace& m_trace;
@@ -47,6 +48,8 @@ private:
     std::int64_t m_searchedPeak = -1; // whose onset is m_onset
     std::int64_t m_onset = 0;
     std::int64_t m_offsetStop = -1; // first stop behind every peak searched so far
+    SlidingMaximum m_speeds;
+    SlidingMaximum m_speedChanges;
 };
 
 /// Removes every valid saccade that comes too soon after the valid one before it: `limitIsTooSoon` says
@@ -129,21 +132,18 @@ KiroSaccadeEye SaccadeScan<Trace>::extent(std::int64_t onset, std::int64_t offse
 
 /// What costs a walk over the candidate.
 template <class Trace>
-void SaccadeScan<Trace>::measure(KiroSaccadeEye& eye) const
+void SaccadeScan<Trace>::measure(KiroSaccadeEye& eye)
 {
-    eye.peakVelocity = speed(eye.start);
-    for (std::int64_t i = eye.start + 1; i <= eye.end; ++i) {
-        if (eye.peakVelocity < speed(i))
-            eye.peakVelocity = speed(i);
-    }
+    const auto speedChange = [this](std::int64_t i) { return m_trace.speedChange(at(i)); };
+    eye.peakVelocity = m_speeds.of(eye.start, eye.end, [this](std::int64_t i) { return speed(i); });
     eye.meanVelocity = std::abs(eye.amplitude) / eye.duration;
-    eye.peakAcceleration = m_trace.largestAcceleration(at(eye.start), at(eye.end));
+    eye.peakAcceleration = Trace::accelerationOf(m_speedChanges.of(eye.start, eye.end, speedChange));
     eye.velocityPerDuration = eye.peakVelocity / eye.duration;
 }
 
 /// Measures the candidate only if its limits but the last one hold.
 template <class Trace>
-bool SaccadeScan<Trace>::isAccepted(std::int64_t peak, KiroSaccadeEye& eye) const
+bool SaccadeScan<Trace>::isAccepted(std::int64_t peak, KiroSaccadeEye& eye)
 {
     const double size = std::abs(eye.amplitude);
     const bool fits = peak < eye.end && eye.duration >= m_params.minTime &&

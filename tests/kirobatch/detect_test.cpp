@@ -180,6 +180,15 @@ TEST_F(KirobatchDetect, TheTypeLimitsTheSignals)
     EXPECT_THAT(missing.errors, HasSubstr("the vertical signal of the right eye"));
 }
 
+TEST_F(KirobatchDetect, ASignalOfTheLeftEyeAsksForBothEyes)
+{
+    const BatchRun run = detect({jump({"eye movement - horizontal", "eye movement - vertical", "c"}),
+                                 QStringLiteral("--left-h"), QStringLiteral("2")});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors, HasSubstr("the vertical signal of the left eye cannot be told by the names"));
+    EXPECT_THAT(run.errors, HasSubstr("Give --left-v SIGNAL."));
+}
+
 TEST_F(KirobatchDetect, BlinksMayBeFoundInTheHorizontalSignal)
 {
     const BatchRun run = detect({demo(), QStringLiteral("--blinks-horizontal")});

@@ -181,6 +181,8 @@ inline Saccades scan(const SaccadeDetectionParams& params, const Array& h, const
     const Derived d = derive(h, v);
     const long n = long(h.size());
     Saccades saccades;
+    if (n < 11)
+        return saccades;
     long i = params.local;
     while (i < n - params.local) {
         if (!isPeak(d, i, params.local, params.minSpeed)) {

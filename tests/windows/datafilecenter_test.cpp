@@ -560,8 +560,8 @@ TEST_F(DataFileCenterTest, TheImportDialogShowsTheFilesOfAllKinds)
     const QString folder = m_folder.path(QStringLiteral("."));
     for (const char* name : {"a.bdf", "b.edf", "c.rec", "d.txt"})
         m_folder.write(QString::fromLatin1(name), "x");
+    const QStringList wanted = {QStringLiteral("a.bdf"), QStringLiteral("b.edf"), QStringLiteral("c.rec")};
     QStringList filters;
-    QStringList shownFiles;
     m_answers.answer([&](QWidget* window) {
         auto* const dialog = qobject_cast<QFileDialog*>(window);
         ASSERT_TRUE(dialog);
@@ -570,9 +570,17 @@ TEST_F(DataFileCenterTest, TheImportDialogShowsTheFilesOfAllKinds)
         const QAbstractItemView* const list =
             dialog->findChild<QAbstractItemView*>(QStringLiteral("listView"));
         ASSERT_TRUE(list);
-        QTRY_VERIFY(list->model()->rowCount(list->rootIndex()) >= 3);
-        for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
-            shownFiles << list->model()->index(row, 0, list->rootIndex()).data().toString();
+        const auto names = [list] {
+            QStringList texts;
+            for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+                texts << list->model()->index(row, 0, list->rootIndex()).data().toString();
+            texts.sort(); // the model does that later
+            return texts;
+        };
+        // The model is filled bit by bit, and shows folders of its own meanwhile.
+        constexpr int WaitMs = 20000;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return names() == wanted; }, WaitMs))
+            << names().join(QLatin1Char(' ')).toStdString();
         dialog->reject();
     });
     QTest::mouseClick(widget<QAbstractButton>("buttonImport"), Qt::LeftButton);
@@ -581,8 +589,6 @@ TEST_F(DataFileCenterTest, TheImportDialogShowsTheFilesOfAllKinds)
                            QStringLiteral("BioSemi Data File (*.bdf)"),
                            QStringLiteral("European Data File (*.edf)"),
                            QStringLiteral("Recording file (*.rec)"), QStringLiteral("All files (*.*)")}));
-    EXPECT_EQ(shownFiles,
-              (QStringList{QStringLiteral("a.bdf"), QStringLiteral("b.edf"), QStringLiteral("c.rec")}));
 }
 
 TEST_F(DataFileCenterTest, TextsOfAFileAreNoMarkup)

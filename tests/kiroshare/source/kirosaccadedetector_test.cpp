@@ -7,14 +7,18 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
 #include <limits>
 
 namespace
 {
 
+/// Any NaN is the same.
 std::uint64_t bits(double value)
 {
+    if (std::isnan(value))
+        return 0x7ff8000000000000U;
     std::uint64_t number = 0;
     std::memcpy(&number, &value, sizeof(number));
     return number;
@@ -134,6 +138,31 @@ BlinkDetectionParams randomBlinkParams(std::mt19937& random)
 }
 
 constexpr int Rounds = 400;
+constexpr int Most = std::numeric_limits<int>::max();
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+const double Nothing = std::numeric_limits<double>::quiet_NaN();
+
+/// Values that no converter gives, here and there.
+void spoil(std::mt19937& random, std::vector<double>& position)
+{
+    if (position.empty())
+        return;
+    std::uniform_int_distribution<std::size_t> place(0, position.size() - 1);
+    for (int i = 0; i < 3; ++i)
+        position[place(random)] = anyOf(random, {Nothing, Infinity, -Infinity, -0.0, 1e-310, 1e200});
+}
+
+SaccadeDetectionParams oddParams(std::mt19937& random)
+{
+    SaccadeDetectionParams params = randomParams(random);
+    params.maxTime = anyOf(random, {Most, Most, 100, -1});
+    params.gap = anyOf(random, {Most, -Most, 0, 20});
+    params.minSpeed = anyOf(random, {0.02, -1.0, -0.0, Nothing, -Infinity});
+    params.initVel = anyOf(random, {0.0, -1.0, 0.03, Nothing, Infinity});
+    params.minSlope = anyOf(random, {-Infinity, 0.0, 1e9, Nothing});
+    params.maxAmp = anyOf(random, {500.0, Infinity, Nothing});
+    return params;
+}
 
 std::size_t randomLength(std::mt19937& random)
 {
@@ -217,6 +246,17 @@ TEST(KiroSaccadeDetectorTest, ShortSignalsGiveNothing)
     }
 }
 
+TEST(KiroSaccadeDetectorTest, ShortSignalsGiveNothingWhateverTheParametersLetPass)
+{
+    SaccadeDetectionParams params;
+    params.local = 1;
+    params.maxTime = 100;
+    params.maxAmp = 500.0;
+    EXPECT_TRUE(detectOne(flat(10), params).empty());
+    EXPECT_TRUE(detectTwo(flat(10), params).empty());
+    EXPECT_FALSE(detectTwo(flat(11), params).empty());
+}
+
 TEST(KiroSaccadeDetectorTest, AGreatestAmplitudeOfZeroAcceptsNothing)
 {
     SaccadeDetectionParams params = saccadeParamsPerSample();
@@ -275,6 +315,44 @@ TEST(KiroSaccadeDetectorTest, ABlinkThatOnlyTouchesASaccadeRemovesNothing)
     EXPECT_EQ(kept(blinkBetween(100, 201)), 0U);
     EXPECT_EQ(kept(blinkBetween(240, 300)), 1U) << "its start is the saccade's end";
     EXPECT_EQ(kept(blinkBetween(239, 300)), 0U);
+}
+
+TEST(KiroSaccadeDetectorTest, ABlinkRemovesAPairIfItTouchesEitherEye)
+{
+    const auto kept = [](int leftStart, int leftEnd, int rightStart, int rightEnd) {
+        KiroSaccade pair;
+        pair.left = between(leftStart, leftEnd).main;
+        pair.right = pair.main = between(rightStart, rightEnd).main;
+        std::vector<KiroSaccade> pairs = {pair};
+        dropPairsTouchingBlinks(pairs, {blinkBetween(300, 400)});
+        return pairs.size();
+    };
+    EXPECT_EQ(kept(200, 300, 205, 299), 1U) << "both end before it";
+    EXPECT_EQ(kept(200, 301, 205, 299), 0U) << "the left eye's runs into it";
+    EXPECT_EQ(kept(200, 299, 205, 301), 0U) << "the right eye's runs into it";
+    EXPECT_EQ(kept(400, 450, 400, 440), 1U) << "both begin with its end";
+    EXPECT_EQ(kept(399, 450, 400, 440), 0U);
+    EXPECT_EQ(kept(400, 450, 399, 440), 0U);
+}
+
+TEST(KiroSaccadeDetectorTest, BlinksOfBothEyesAreThoseOfTheRightOne)
+{
+    std::vector<double> dip = flat(400);
+    appendDip(dip, 30.0, 30.0);
+    appendRest(dip, 400);
+    const std::vector<double> rest = flat(dip.size());
+    const auto count = [](const std::vector<double>& leftH, const std::vector<double>& leftV,
+                          const std::vector<double>& rightH, const std::vector<double>& rightV,
+                          bool horizontal) {
+        std::vector<KiroBlink> blinks;
+        KiroSaccadeDetector().detectBinocular(saccadeParamsPerSample(), blinkParamsPerSample(), leftH, leftV,
+                                              rightH, rightV, blinks, horizontal);
+        return blinks.size();
+    };
+    EXPECT_EQ(count(rest, rest, rest, dip, false), 1U);
+    EXPECT_EQ(count(dip, dip, dip, rest, false), 0U);
+    EXPECT_EQ(count(rest, rest, dip, rest, true), 1U);
+    EXPECT_EQ(count(dip, dip, rest, dip, true), 0U);
 }
 
 TEST(KiroSaccadeDetectorTest, OnlyTheFirstBlinkBehindTheStartDecides)
@@ -341,15 +419,18 @@ TEST(KiroSaccadeDetectorTest, BehindAFigureOfAWrongDurationTheSearchGoesOnAtItsE
 {
     std::vector<double> position = flat(400);
     appendDip(position, 30.0, 30.0);
-    appendDip(position, 30.0, 30.0);
     appendRest(position, 400);
     KiroSaccadeDetector detector;
     detector.blinkParams = blinkParamsPerSample();
-    const auto both = detector.detectBlinks(position);
-    ASSERT_EQ(both.size(), 2U);
-    detector.blinkParams.maxDuration = both[0].duration - 1;
-    EXPECT_TRUE(detector.detectBlinks(position).empty())
-        << "from a sample within the first figure a shorter one would begin";
+    detector.blinkParams.minVel = 5.0; // so that a figure is not widened
+    detector.blinkParams.minDuration = 0;
+    detector.blinkParams.minAmplitudeRelation = 0.0; // it ends where it begins to rise
+    const auto whole = detector.detectBlinks(position);
+    ASSERT_EQ(whole.size(), 1U);
+    EXPECT_EQ(whole[0].duration, whole[0].peaksDistance);
+    // From the sample after its start the figure would be one shorter, and fit.
+    detector.blinkParams.maxDuration = whole[0].duration - 1;
+    EXPECT_TRUE(detector.detectBlinks(position).empty());
 }
 
 TEST(KiroSaccadeDetectorTest, WithoutTheSecondVelocityTheRunOfTheFirstPeakIsSkipped)
@@ -455,6 +536,40 @@ TEST(KiroSaccadeDetectorTest, BinocularAgreesWithThePlainForm)
     EXPECT_GT(found, 1000U);
 }
 
+TEST(KiroSaccadeDetectorTest, OddParametersAndValuesAgreeWithThePlainFormToo)
+{
+    std::mt19937 random(16);
+    std::size_t found = 0;
+    for (int round = 0; round < Rounds; ++round) {
+        const SaccadeDetectionParams params = oddParams(random);
+        BlinkDetectionParams blinkParams = randomBlinkParams(random);
+        blinkParams.maxPeaksDistance = blinkParams.maxDuration = Most;
+        blinkParams.minVel = anyOf(random, {0.02, 0.0, -0.5, Nothing});
+        const std::size_t count = randomLength(random) / 2;
+        auto horizontal = randomTrace(random, count, round % 2 == 0);
+        auto vertical = randomTrace(random, count, round % 4 == 0);
+        if (round % 3 != 0) {
+            spoil(random, horizontal);
+            spoil(random, vertical);
+        }
+        KiroSaccadeDetector detector;
+        detector.keepRejected = round % 5 == 0;
+        ASSERT_EQ(fields(detector.detectOneSignal(params, horizontal)),
+                  fields(plain::detectOneSignal(params, horizontal, detector.keepRejected)))
+            << "round " << round;
+        std::vector<KiroBlink> blinks;
+        const auto saccades =
+            detector.detectMonocular(params, blinkParams, horizontal, vertical, blinks, true);
+        const auto plainBlinks = plain::detectBlinks(blinkParams, horizontal);
+        ASSERT_EQ(fields(blinks), fields(plainBlinks)) << "round " << round;
+        ASSERT_EQ(fields(saccades), fields(plain::detectMonocular(params, horizontal, vertical, plainBlinks,
+                                                                  detector.keepRejected)))
+            << "round " << round;
+        found += saccades.size() + blinks.size();
+    }
+    EXPECT_GT(found, 500U);
+}
+
 TEST(KiroSaccadeDetectorTest, PairingAgreesWithThePlainFormForListsInAnyOrder)
 {
     std::mt19937 random(14);
@@ -481,14 +596,11 @@ TEST(KiroSaccadeDetectorTest, PairingAgreesWithThePlainFormForListsInAnyOrder)
 TEST(KiroSaccadeDetectorTest, WhateverTheParametersNothingOutsideTheArraysIsRead)
 {
     constexpr int Least = std::numeric_limits<int>::min();
-    constexpr int Most = std::numeric_limits<int>::max();
-    constexpr double Infinity = std::numeric_limits<double>::infinity();
-    const double nothing = std::numeric_limits<double>::quiet_NaN();
     std::mt19937 random(15);
     for (int round = 0; round < 2000; ++round) {
         const auto number = [&random] { return anyOf(random, {Least, -5, -1, 0, 1, 7, 200, Most}); };
-        const auto real = [&random, nothing] {
-            return anyOf(random, {-Infinity, -1.0, -0.0, 0.0, 0.02, 1e300, Infinity, nothing});
+        const auto real = [&random] {
+            return anyOf(random, {-Infinity, -1.0, -0.0, 0.0, 0.02, 1e300, Infinity, Nothing});
         };
         SaccadeDetectionParams params{number(), number(), number(), number(), real(),
                                       real(),   real(),   real(),   real()};
@@ -498,7 +610,7 @@ TEST(KiroSaccadeDetectorTest, WhateverTheParametersNothingOutsideTheArraysIsRead
         auto horizontal = randomTrace(random, count, true);
         auto vertical = randomTrace(random, count, false);
         if (count > 30 && round % 2 == 0) {
-            horizontal[count / 2] = nothing;
+            horizontal[count / 2] = Nothing;
             vertical[count / 3] = Infinity;
         }
         KiroSaccadeDetector detector;

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -27,11 +26,8 @@ struct HandMadeTrace
     double speed11(std::size_t i) const { return speeds.at(i); }
     bool isForward(std::size_t i) const { return velocities.at(i) > 0.0; }
     double speed15(std::size_t i) const { return std::abs(velocities.at(i)); }
-    double largestAcceleration(std::size_t first, std::size_t last) const
-    {
-        const auto begin = accelerations.begin();
-        return *std::max_element(begin + std::ptrdiff_t(first), begin + std::ptrdiff_t(last) + 1);
-    }
+    double speedChange(std::size_t i) const { return accelerations.at(i); }
+    static double accelerationOf(double largestChange) { return largestChange; }
     void measureAmplitude(std::size_t first, std::size_t last, KiroSaccadeEye& eye) const
     {
         eye.amplitude = position.at(last) - position.at(first);
