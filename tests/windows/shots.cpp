@@ -6,16 +6,25 @@
 #include "kiroreader.h"
 #include "language.h"
 #include "mainwindowimpl.h"
+#include "pensetupdialog.h"
+#include "plotshots.h"
+#include "questiondialog.h"
 #include "saccdetectparams.h"
+#include "selectsignal.h"
+#include "selectsignals.h"
+#include "separatordlg.h"
+#include "themedicon.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
+#include <QTreeWidget>
 
 #include <cstdio>
 #include <cstdlib>
@@ -100,6 +109,84 @@ void showDetectionParameters()
     keep(blinks, QStringLiteral("detection-blinks-smallest"));
 }
 
+/// Names as recordings have them, and one that no window has room for.
+QStringList signalNames(int count)
+{
+    QStringList names{QStringLiteral("EYE_RIGHT_HORIZONTAL"), QStringLiteral("EYE_RIGHT_VERTICAL"),
+                      QStringLiteral("HEAD_GYROSCOPE_PITCH"),
+                      QStringLiteral("LONG_") + QString(280, QLatin1Char('X')) + QStringLiteral("_NAME")};
+    while (names.size() < count)
+        names << QStringLiteral("CHANNEL_%1").arg(names.size() + 1, 3, 10, QLatin1Char('0'));
+    return names;
+}
+
+void showSignalSelection()
+{
+    SelectSignal several;
+    several.setWindowTitle(QStringLiteral("Select additional signals to be exported"));
+    several.setInfoText(QStringLiteral("The selected signals are written beside the saccades."));
+    several.setDataFile(QStringLiteral("/home/researcher/recordings/2024/patient-0042/session-3/%1/eye.kiro")
+                            .arg(QString(60, QLatin1Char('x'))));
+    several.setSelectionMode(2);
+    several.setColumns({QStringLiteral("Signal name"), QStringLiteral("Frequency [Hz]")}, {true, false});
+    for (const QString& name : signalNames(140))
+        several.addItem(name + QStringLiteral("\t1000"));
+    several.show();
+    keep(several, QStringLiteral("signals-140"));
+    auto* const list = several.findChild<QTreeWidget*>(QStringLiteral("list"));
+    for (const int row : {0, 1, 15, 16})
+        list->topLevelItem(row)->setSelected(true);
+    several.findChild<QLineEdit*>(QStringLiteral("editFilter"))->setText(QStringLiteral("channel 1"));
+    keep(several, QStringLiteral("signals-140-filter"));
+    several.resize(several.minimumSizeHint());
+    keep(several, QStringLiteral("signals-140-smallest"));
+
+    SelectSignal one;
+    one.setWindowTitle(QStringLiteral("Select signal to be exported"));
+    one.setColumns({QStringLiteral("Signal name")}, {true});
+    for (const QString& name : signalNames(6))
+        one.addItem(name);
+    one.show();
+    one.findChild<QTreeWidget*>(QStringLiteral("list"))->topLevelItem(1)->setSelected(true);
+    keep(one, QStringLiteral("signal-one"));
+
+    SelectSignals roles;
+    roles.setInfoText(QStringLiteral("Please confirm or change the signals selection"));
+    int current = 0;
+    for (const char* role : {"right eye horizontal movement (default)", "right eye vertical movement",
+                             "left eye horizontal movement", "left eye vertical movement"})
+        roles.addRole(QLatin1String("Select ") + QLatin1String(role), signalNames(140), current++);
+    roles.show();
+    keep(roles, QStringLiteral("signal-roles"));
+}
+
+void showSmallDialogs()
+{
+    SeparatorDlg separator;
+    separator.setSeparator(QStringLiteral("||"));
+    separator.show();
+    keep(separator, QStringLiteral("separator"));
+
+    QWidget parent;
+    parent.setWindowTitle(QStringLiteral("Saccades browser"));
+    const auto icon = [&parent](const char* name, int size) {
+        return themedIcon(QLatin1String(name)).pixmap(parent.windowHandle(), QSize(size, size));
+    };
+    keepNextBox(QStringLiteral("question"));
+    QuestionDialog::question(
+        &parent, QStringLiteral("There are unsaved changes in the current data!\nWhat would you like to do?"),
+        icon("saccades-browser", 48), QStringLiteral("   Save changes and open"), icon("save-as", 24),
+        QStringLiteral("   Don't save changes and open"), icon("open", 24),
+        QStringLiteral("   Cancel and go back to the current data"), icon("close", 24), 2);
+
+    PenSetupDialog pen;
+    pen.setPen(QPen(QBrush(QColor(0x1a, 0x73, 0xc8)), 2, Qt::DashDotLine, Qt::FlatCap, Qt::BevelJoin));
+    pen.show();
+    keep(pen, QStringLiteral("pen"));
+    pen.resize(pen.minimumSizeHint());
+    keep(pen, QStringLiteral("pen-smallest"));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -122,5 +209,8 @@ int main(int argc, char** argv)
     showFileBrowser(arguments[3]);
     showCorruptedFile(arguments[3]);
     showDetectionParameters();
+    showSignalSelection();
+    showSmallDialogs();
+    showPlots(keep);
     return 0;
 }

@@ -508,7 +508,7 @@ TEST(KiroSaccadeDetectorTest, BinocularAgreesWithThePlainForm)
 {
     std::mt19937 random(13);
     std::size_t found = 0;
-    for (int round = 0; round < Rounds; ++round) {
+    for (int round = 0; round < Rounds / 3; ++round) {
         const SaccadeDetectionParams params = randomParams(random);
         const BlinkDetectionParams blinkParams = randomBlinkParams(random);
         const std::size_t count = randomLength(random);
@@ -533,7 +533,7 @@ TEST(KiroSaccadeDetectorTest, BinocularAgreesWithThePlainForm)
             << "round " << round;
         found += saccades.size();
     }
-    EXPECT_GT(found, 1000U);
+    EXPECT_GT(found, 300U);
 }
 
 TEST(KiroSaccadeDetectorTest, OddParametersAndValuesAgreeWithThePlainFormToo)

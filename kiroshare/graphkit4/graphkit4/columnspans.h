@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QRect>
+
+#include <vector>
+
+/// Rows of one column that are lit, both ends included.
+struct ColumnSpan
+{
+    int column = 0;
+    int top = 0;
+    int bottom = 0;
+};
+
+/// Spans by column, within a column from top to bottom; those that overlap or touch are one.
+class SpanList
+{
+public:
+    /// The column is that of the last one added or lies behind it.
+    void add(ColumnSpan span);
+    const std::vector<ColumnSpan>& spans() const { return m_spans; }
+    /// Whether all these rows of the column that was added to last are lit by one span.
+    bool covers(const ColumnSpan& span) const;
+
+private:
+    std::vector<ColumnSpan> m_spans;
+    std::size_t m_columnStart = 0; ///< first span of the last column
+};
+
+/// What lights the pixels of a pen: lines of a pixel's width become as wide as the pen, with round joins and
+/// caps, and points become discs.
+///
+/// Its cost is that of the width times the spans, and does not grow with the number of turns as stroking
+/// does.
+class RoundPen
+{
+public:
+    /// `width` in pixels; taken as a whole number of them, from 1 to 2048.
+    explicit RoundPen(double width);
+
+    /// So many columns and rows around a pixel it may light.
+    int reach() const { return m_width / 2; }
+    std::vector<ColumnSpan> widened(const std::vector<ColumnSpan>& spans) const;
+
+private:
+    int m_width;
+};
+
+/// The spans as rectangles that do not overlap, few and wide ones where neighbouring columns have rows in
+/// common: the painter fills a wide rectangle much faster than as many narrow ones.
+std::vector<QRect> rectsOf(const std::vector<ColumnSpan>& spans);

@@ -1,0 +1,390 @@
+#include "samplestore.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstring>
+#include <limits>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+constexpr auto Block = std::size_t(SampleStore::BlockSize);
+constexpr auto Factor = std::size_t(SampleStore::LevelFactor);
+/// A level of so many blocks is the highest.
+constexpr std::size_t TopBlocks = 2 * Factor;
+
+template <class T>
+bool isFinite(T value)
+{
+    if constexpr (std::is_floating_point_v<T>)
+        return std::isfinite(value);
+    else
+        return true;
+}
+
+/// Least and greatest of what was taken in; of nothing, and of no finite sample, the least is above the
+/// greatest.
+template <class T>
+struct Span
+{
+    using Limits = std::numeric_limits<T>;
+    T least = Limits::has_infinity ? Limits::infinity() : Limits::max();
+    T greatest = Limits::has_infinity ? -Limits::infinity() : Limits::lowest();
+
+    void add(T low, T high)
+    {
+        least = low < least ? low : least;
+        greatest = high > greatest ? high : greatest;
+    }
+    void add(const T* values, std::size_t count)
+    {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (isFinite(values[i]))
+                add(values[i], values[i]);
+        }
+    }
+};
+
+/// Spans of many samples side by side. Loops over its lanes run on several of them at once, which the
+/// compiler may not do to comparisons of floating-point numbers in a row. Takes no NaN.
+template <class T>
+class LaneSpan
+{
+public:
+    static constexpr std::size_t Lanes = 32;
+
+    /// Of nothing.
+    LaneSpan()
+    {
+        m_least.fill(Span<T>().least);
+        m_greatest.fill(Span<T>().greatest);
+    }
+    /// Of one of `low` and `high` in each lane.
+    LaneSpan(const T* low, const T* high)
+    {
+        std::copy_n(low, Lanes, m_least.begin());
+        std::copy_n(high, Lanes, m_greatest.begin());
+    }
+    /// Takes in one of `low` and `high` in each lane.
+    void add(const T* low, const T* high)
+    {
+        for (std::size_t i = 0; i < Lanes; ++i) {
+            m_least[i] = low[i] < m_least[i] ? low[i] : m_least[i];
+            m_greatest[i] = high[i] > m_greatest[i] ? high[i] : m_greatest[i];
+        }
+    }
+    Span<T> sum()
+    {
+        fold<Lanes / 2>();
+        fold<Lanes / 4>();
+        Span<T> span;
+        for (std::size_t i = 0; i < Lanes / 4; ++i)
+            span.add(m_least[i], m_greatest[i]);
+        return span;
+    }
+
+private:
+    template <std::size_t Half>
+    void fold()
+    {
+        for (std::size_t i = 0; i < Half; ++i) {
+            m_least[i] = m_least[i + Half] < m_least[i] ? m_least[i + Half] : m_least[i];
+            m_greatest[i] = m_greatest[i + Half] > m_greatest[i] ? m_greatest[i + Half] : m_greatest[i];
+        }
+    }
+
+    std::array<T, Lanes> m_least;
+    std::array<T, Lanes> m_greatest;
+};
+
+static_assert(Block == 2 * LaneSpan<char>::Lanes && Factor == LaneSpan<char>::Lanes);
+
+/// Whether one of a block's samples has all bits of its exponent set; without a branch in the loop.
+template <class T, class Bits>
+bool blockHasGap(const T* samples)
+{
+    static_assert(sizeof(T) == sizeof(Bits));
+    constexpr int Mantissa = std::numeric_limits<T>::digits - 1;
+    constexpr Bits Sign = Bits(1) << (sizeof(Bits) * 8 - 1);
+    std::array<Bits, Block> bits;
+    std::memcpy(bits.data(), samples, sizeof(bits));
+    Bits carries = 0;
+    // One more than the greatest exponent runs over into the bit of the sign.
+    for (const Bits sample : bits)
+        carries |= (sample & ~Sign) + (Bits(1) << Mantissa);
+    return (carries & Sign) != 0;
+}
+
+bool blockHasGap(const float* samples)
+{
+    return blockHasGap<float, std::uint32_t>(samples);
+}
+
+bool blockHasGap(const double* samples)
+{
+    return blockHasGap<double, std::uint64_t>(samples);
+}
+
+template <class T>
+bool blockHasGap(const T*)
+{
+    return false;
+}
+
+template <class T>
+Span<T> spanOfBlock(const T* samples)
+{
+    LaneSpan<T> lanes(samples, samples);
+    lanes.add(samples + LaneSpan<T>::Lanes, samples + LaneSpan<T>::Lanes);
+    return lanes.sum();
+}
+
+/// Extremes of blocks of one length, without the rest that does not fill a block.
+template <class T>
+struct Level
+{
+    std::vector<T> least;
+    std::vector<T> greatest;
+    std::vector<bool> gaps; ///< empty for whole numbers
+
+    explicit Level(std::size_t count)
+        : least(count)
+        , greatest(count)
+        , gaps(std::is_floating_point_v<T> ? count : 0)
+    {
+    }
+    std::size_t count() const { return least.size(); }
+    void set(std::size_t block, const Span<T>& span)
+    {
+        least[block] = span.least;
+        greatest[block] = span.greatest;
+    }
+};
+
+template <class T>
+Level<T> lowestLevel(const T* samples, std::size_t count)
+{
+    Level<T> level(count / Block);
+    for (std::size_t i = 0; i < level.count(); ++i) {
+        const T* block = samples + i * Block;
+        if (blockHasGap(block)) {
+            Span<T> span;
+            span.add(block, Block);
+            level.set(i, span);
+            level.gaps[i] = true;
+        } else {
+            level.set(i, spanOfBlock(block));
+        }
+    }
+    return level;
+}
+
+template <class T>
+Level<T> levelAbove(const Level<T>& below)
+{
+    Level<T> level(below.count() / Factor);
+    for (std::size_t i = 0; i < level.count(); ++i) {
+        Span<T> span;
+        for (std::size_t k = i * Factor; k < (i + 1) * Factor; ++k) {
+            span.add(below.least[k], below.greatest[k]);
+            if (std::is_floating_point_v<T> && below.gaps[k])
+                level.gaps[i] = true;
+        }
+        level.set(i, span);
+    }
+    return level;
+}
+
+/// The levels from the lowest on; none for fewer samples than a block has.
+template <class T>
+struct Pyramid
+{
+    std::vector<Level<T>> levels;
+
+    Pyramid() = default;
+    explicit Pyramid(const QVector<T>& samples)
+    {
+        levels.push_back(lowestLevel(samples.constData(), std::size_t(samples.size())));
+        while (levels.back().count() > TopBlocks)
+            levels.push_back(levelAbove(levels.back()));
+    }
+};
+
+/// Calls `samples(first, end)` and `blocks(level, first, end)` for ranges that together make up the samples
+/// from `first` to before `end`: of each level, at an end that is not one of a block of the next, as many as
+/// such a block has, which may overlap other ranges; all that there are if they may be fewer than two such
+/// blocks.
+template <class T, class SamplesVisitor, class BlocksVisitor>
+void visitRange(const Pyramid<T>& pyramid, std::size_t first, std::size_t end, SamplesVisitor samples,
+                BlocksVisitor blocks)
+{
+    if (end - first < 2 * Block) {
+        samples(first, end);
+        return;
+    }
+    if (first % Block != 0)
+        samples(first, first + Block);
+    if (end % Block != 0)
+        samples(end - Block, end);
+    std::size_t from = (first + Block - 1) / Block;
+    std::size_t to = end / Block;
+    for (std::size_t i = 0; i < pyramid.levels.size(); ++i) {
+        if (i + 1 == pyramid.levels.size() || to - from < 2 * Factor) {
+            blocks(pyramid.levels[i], from, to);
+            return;
+        }
+        if (from % Factor != 0)
+            blocks(pyramid.levels[i], from, from + Factor);
+        if (to % Factor != 0)
+            blocks(pyramid.levels[i], to - Factor, to);
+        from = (from + Factor - 1) / Factor;
+        to = to / Factor;
+    }
+}
+
+template <class T>
+Span<T> spanOfRange(const T* samples, const Pyramid<T>& pyramid, std::size_t first, std::size_t end)
+{
+    Span<T> span;
+    if (end - first < Block) {
+        span.add(samples + first, end - first);
+        return span;
+    }
+    LaneSpan<T> lanes;
+    const auto addSamples = [&](std::size_t from, std::size_t to) {
+        for (; from < to; from += Block) {
+            // The last block overlaps the one before.
+            const T* block = samples + std::min(from, to - Block);
+            if (blockHasGap(block)) {
+                span.add(block, Block);
+            } else {
+                lanes.add(block, block);
+                lanes.add(block + Block / 2, block + Block / 2);
+            }
+        }
+    };
+    const auto addBlocks = [&](const Level<T>& level, std::size_t from, std::size_t to) {
+        if (to - from < Factor) {
+            for (; from < to; ++from)
+                span.add(level.least[from], level.greatest[from]);
+            return;
+        }
+        for (; from < to; from += Factor) {
+            const std::size_t start = std::min(from, to - Factor);
+            lanes.add(level.least.data() + start, level.greatest.data() + start);
+        }
+    };
+    visitRange(pyramid, first, end, addSamples, addBlocks);
+    const Span<T> sum = lanes.sum();
+    span.add(sum.least, sum.greatest);
+    return span;
+}
+
+template <class T>
+bool rangeHasGaps(const QVector<T>& samples, const Pyramid<T>& pyramid, std::size_t first, std::size_t end)
+{
+    bool found = false;
+    visitRange(
+        pyramid, first, end,
+        [&](std::size_t from, std::size_t to) {
+            for (std::size_t i = from; i < to && !found; ++i)
+                found = !isFinite(samples.constData()[i]);
+        },
+        [&](const Level<T>& level, std::size_t from, std::size_t to) {
+            for (std::size_t i = from; i < to && !found; ++i)
+                found = level.gaps[i];
+        });
+    return found;
+}
+
+using AnyPyramid =
+    std::variant<Pyramid<std::int8_t>, Pyramid<std::uint8_t>, Pyramid<std::int16_t>, Pyramid<std::uint16_t>,
+                 Pyramid<std::int32_t>, Pyramid<std::uint32_t>, Pyramid<std::int64_t>, Pyramid<std::uint64_t>,
+                 Pyramid<float>, Pyramid<double>>;
+
+AnyPyramid makePyramid(const SampleArray& samples)
+{
+    return std::visit(
+        [](const auto& vector) -> AnyPyramid {
+            using T = typename std::decay_t<decltype(vector)>::value_type;
+            return Pyramid<T>(vector);
+        },
+        samples);
+}
+
+} // namespace
+
+struct SampleStore::Shared
+{
+    SampleArray samples;
+    AnyPyramid pyramid;
+
+    /// Calls `function(vector, pyramid)`.
+    template <class Function>
+    auto visit(Function function) const
+    {
+        return std::visit(
+            [&](const auto& vector) {
+                using T = typename std::decay_t<decltype(vector)>::value_type;
+                return function(vector, *std::get_if<Pyramid<T>>(&pyramid));
+            },
+            samples);
+    }
+};
+
+SampleStore::SampleStore()
+    : SampleStore(SampleArray(QVector<double>()))
+{
+}
+
+SampleStore::SampleStore(const SampleArray& samples)
+    : m_shared(std::make_shared<const Shared>(Shared{samples, makePyramid(samples)}))
+{
+}
+
+const SampleArray& SampleStore::samples() const
+{
+    return m_shared->samples;
+}
+
+int SampleStore::count() const
+{
+    return std::visit([](const auto& vector) { return vector.size(); }, m_shared->samples);
+}
+
+double SampleStore::value(int index) const
+{
+    Q_ASSERT(index >= 0 && index < count());
+    return std::visit([index](const auto& vector) { return double(vector.constData()[index]); },
+                      m_shared->samples);
+}
+
+bool SampleStore::extremes(int first, int count, Extremes& found) const
+{
+    Q_ASSERT(first >= 0 && count >= 0 && count <= this->count() - first);
+    return m_shared->visit([&](const auto& vector, const auto& pyramid) {
+        const auto span = spanOfRange(vector.constData(), pyramid, std::size_t(first),
+                                      std::size_t(first) + std::size_t(count));
+        if (count == 0 || span.least > span.greatest)
+            return false;
+        found = {double(span.least), double(span.greatest)};
+        return true;
+    });
+}
+
+bool SampleStore::hasGaps(int first, int count) const
+{
+    Q_ASSERT(first >= 0 && count >= 0 && count <= this->count() - first);
+    return m_shared->visit([&](const auto& vector, const auto& pyramid) {
+        using T = typename std::decay_t<decltype(vector)>::value_type;
+        if constexpr (std::is_floating_point_v<T>)
+            return rangeHasGaps(vector, pyramid, std::size_t(first), std::size_t(first) + std::size_t(count));
+        else
+            return false;
+    });
+}
