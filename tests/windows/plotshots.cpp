@@ -186,6 +186,7 @@ void showPrint(MultiPlot& strips, const Keep& keep)
     painter.end();
     QLabel sheet;
     sheet.setPixmap(QPixmap::fromImage(paper));
+    sheet.resize(paper.size()); // not that of a small screen
     keep(sheet, QStringLiteral("strips-print"));
 }
 
