@@ -1,5 +1,6 @@
 #include "selectsignal.h"
 
+#include "filterwords.h"
 #include "kiroutils.h"
 #include "messages.h"
 
@@ -239,15 +240,10 @@ void SelectSignal::on_editFilter_textChanged()
 
 bool SelectSignal::passesFilter(const QTreeWidgetItem& item) const
 {
-    const auto contains = [&item](const QString& word) {
-        for (int column = 0; column < item.columnCount(); ++column) {
-            if (item.text(column).contains(word, Qt::CaseInsensitive))
-                return true;
-        }
-        return false;
-    };
-    const QStringList words = m_ui->editFilter->text().simplified().split(QLatin1Char(' '));
-    return std::all_of(words.begin(), words.end(), contains);
+    QStringList cells;
+    for (int column = 0; column < item.columnCount(); ++column)
+        cells << item.text(column);
+    return FilterWords(m_ui->editFilter->text()).areIn(cells);
 }
 
 void SelectSignal::showSelection()

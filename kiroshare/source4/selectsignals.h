@@ -6,9 +6,14 @@
 class QComboBox;
 class QGridLayout;
 class QLabel;
+class QLineEdit;
 class QStringList;
+class QVBoxLayout;
 
 /// Asks for one signal for each of several roles, such as the movements of both eyes.
+///
+/// With more than SelectSignal::FilterFrom names for a role there is a filter line above the roles, which
+/// leaves the names in their lists that contain all of its words. Filtering never changes what is selected.
 class SelectSignals : public QDialog
 {
     Q_OBJECT
@@ -25,10 +30,16 @@ public:
     /// no such role.
     int selected(int row) const;
 
+private slots:
+    void filterNames();
+
 private:
+    void addFilter(QVBoxLayout* layout);
     void addSeparatorLine();
 
     QLabel* m_info;
+    QWidget* m_filterRow;
+    QLineEdit* m_filter;
     QGridLayout* m_grid;
     QVector<QComboBox*> m_combos;
 };

@@ -5,7 +5,6 @@
 #include "positionselector.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -15,11 +14,10 @@
 namespace
 {
 
-using Keep = std::function<void(QWidget& widget, const QString& name)>;
-
 constexpr double Seconds = 10.0;
 constexpr double Rate = 1000.0;
 constexpr int SampleCount = int(Seconds * Rate);
+constexpr double ScreenDpi = 96.0;
 
 /// Eye positions: jumps with noise, 100 raw units for a degree.
 QVector<std::int16_t> jumps(unsigned seed)
@@ -127,7 +125,7 @@ void send(QWidget& widget, QEvent::Type type, const QPoint& place, Qt::MouseButt
     QApplication::sendEvent(&widget, &event);
 }
 
-void showModes(MultiPlot& strips, const Keep& keep)
+void showModes(MultiPlot& strips, const KeepWidget& keep)
 {
     struct Mode
     {
@@ -154,7 +152,7 @@ void showModes(MultiPlot& strips, const Keep& keep)
     strips.setUserMode(UserModeArrow);
 }
 
-void showTimeStyles(MultiPlot& strips, const Keep& keep)
+void showTimeStyles(MultiPlot& strips, const KeepWidget& keep)
 {
     strips.resize(1000, 220);
     for (int style = MultiPlotScheme::Milliseconds; style <= MultiPlotScheme::Hours; ++style) {
@@ -173,24 +171,36 @@ void showTimeStyles(MultiPlot& strips, const Keep& keep)
     keep(strips, QStringLiteral("strips-points-by-samples"));
 }
 
-/// As paper would have it, at 150 dots an inch.
-void showPrint(MultiPlot& strips, const Keep& keep)
+/// More strips than lines of text, and names that nothing has room for.
+void showManyStrips(const KeepWidget& keep)
 {
-    constexpr double DotsPerMeter = 150.0 / 0.0254;
-    QImage paper(1600, 1100, QImage::Format_RGB32);
-    paper.setDotsPerMeterX(int(DotsPerMeter));
-    paper.setDotsPerMeterY(int(DotsPerMeter));
-    paper.fill(Qt::white);
-    QPainter painter(&paper);
-    strips.print(painter, paper.rect().adjusted(60, 60, -60, -60));
-    painter.end();
-    QLabel sheet;
-    sheet.setPixmap(QPixmap::fromImage(paper));
-    sheet.resize(paper.size()); // not that of a small screen
-    keep(sheet, QStringLiteral("strips-print"));
+    constexpr int Count = 140;
+    MultiPlot strips;
+    strips.setPlotCount(Count);
+    const QVector<std::int16_t> eye = jumps(5);
+    for (int i = 0; i < Count; ++i) {
+        addStrip(strips, i, "", eye);
+        strips.plot(i)->setTitle(i == 1 ? QStringLiteral("LONG_") + QString(280, QLatin1Char('X'))
+                                        : QStringLiteral("CHANNEL_%1").arg(i + 1, 3, 10, QLatin1Char('0')));
+    }
+    strips.setHorzTitle(QStringLiteral("Time"));
+    strips.setHorzUnits(QStringLiteral("s"));
+    strips.setHorzScale(0.0, Seconds);
+    strips.resize(1000, 560);
+    strips.show();
+    strips.redraw(true);
+    keep(strips, QStringLiteral("strips-140"));
+    for (int i = 4; i < Count; ++i)
+        strips.plot(i)->setShowPlot(false);
+    strips.resize(320, 240);
+    strips.redraw(true);
+    keep(strips, QStringLiteral("strips-small"));
+    strips.setPlotCount(0);
+    strips.redraw(true);
+    keep(strips, QStringLiteral("strips-none"));
 }
 
-void showStrips(const Keep& keep)
+void showStrips(const KeepWidget& keep, const KeepPage& keepPage)
 {
     MultiPlot strips;
     fill(strips);
@@ -206,14 +216,16 @@ void showStrips(const Keep& keep)
     strips.setScheme(MultiPlotScheme());
     strips.showPlayMarker = false;
     strips.redraw(true);
-    showPrint(strips, keep);
+    keepPage(QStringLiteral("strips-print"),
+             [&strips](QPainter& painter, const QRect& rect) { strips.print(painter, rect); });
     strips.clearAllLabels();
     strips.redraw(true);
     showModes(strips, keep);
     showTimeStyles(strips, keep);
+    showManyStrips(keep);
 }
 
-void showPositionSelector(const Keep& keep)
+void showPositionSelector(const KeepWidget& keep)
 {
     PositionSelector selector;
     selector.setTotalRange(0.0, 8.0 * 3600.0);
@@ -228,7 +240,7 @@ void showPositionSelector(const Keep& keep)
     keep(selector, QStringLiteral("position-selector-plain"));
 }
 
-void showCurves(const Keep& keep)
+void showCurves(const KeepWidget& keep, const KeepPage& keepPage)
 {
     CurvePlot plot;
     plot.setVertTitle(QStringLiteral("Right eye horizontal [deg]"));
@@ -253,15 +265,25 @@ void showCurves(const Keep& keep)
     plot.resize(1000, 240);
     plot.show();
     keep(plot, QStringLiteral("curves"));
+    if (keepPage)
+        keepPage(QStringLiteral("curves-print"), [&plot](QPainter& painter, const QRect& rect) {
+            plot.print(painter, rect, painter.device()->logicalDpiX() / ScreenDpi);
+        });
     plot.resize(220, 130);
     keep(plot, QStringLiteral("curves-small"));
 }
 
 } // namespace
 
-void showPlots(const Keep& keep)
+void showPlots(const KeepWidget& keep, const KeepPage& keepPage)
 {
-    showStrips(keep);
+    showStrips(keep, keepPage);
     showPositionSelector(keep);
-    showCurves(keep);
+    showCurves(keep, keepPage);
+}
+
+void showPlotsOfDesktop(const KeepWidget& keep)
+{
+    showPositionSelector(keep);
+    showCurves(keep, KeepPage());
 }

@@ -1,6 +1,7 @@
 #include "curveplot.h"
 
 #include "axisscale.h"
+#include "colormix.h"
 #include "curvehit.h"
 #include "curvepainter.h"
 #include "curveplotpainter.h"
@@ -23,13 +24,6 @@ constexpr double GridStrength = 0.16;
 bool isLimit(double value)
 {
     return std::isfinite(value) && std::abs(value) <= MostLimit;
-}
-
-QColor blended(const QColor& below, const QColor& above, double strength)
-{
-    const auto mix = [strength](double first, double second) { return first + (second - first) * strength; };
-    return QColor::fromRgbF(mix(below.redF(), above.redF()), mix(below.greenF(), above.greenF()),
-                            mix(below.blueF(), above.blueF()));
 }
 
 } // namespace
@@ -272,7 +266,8 @@ CurvePlotScheme CurvePlot::scheme() const
     CurvePlotScheme scheme;
     scheme.setBkg(m_look.bkg.value_or(base));
     scheme.setBorder(m_look.border.value_or(line(text)));
-    scheme.setGrid(m_look.grid.value_or(line(blended(scheme.bkg(), scheme.border().color(), GridStrength))));
+    scheme.setGrid(
+        m_look.grid.value_or(line(mixedColor(scheme.bkg(), scheme.border().color(), GridStrength))));
     scheme.setAxis(m_look.axis.value_or(font()));
     scheme.setAxisTitle(m_look.axisTitle.value_or(font()));
     scheme.setTitle(m_look.title.value_or(CurvePlotScheme::titleFontOf(font())));

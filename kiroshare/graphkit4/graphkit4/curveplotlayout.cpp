@@ -1,6 +1,7 @@
 #include "curveplotlayout.h"
 
 #include "axisscale.h"
+#include "textlines.h"
 
 #include <QFontMetricsF>
 
@@ -16,7 +17,6 @@ constexpr int MostMarks = 10000; // what gridValues() gives
 constexpr int MostVertTitleLines = 2;
 /// The share of the width that may go to what stands beside the area if a title is among it.
 constexpr double MostBesideArea = 0.45;
-constexpr QChar Ellipsis(0x2026);
 
 /// Lengths that follow from the fonts.
 struct Lengths
@@ -194,26 +194,6 @@ double widestOf(const QVector<CurvePlotLayout::Number>& numbers)
     return widest;
 }
 
-/// A text in at most `most` lines of `length`, broken between words; the last line is shortened.
-QStringList linesOf(const QString& text, const QFontMetricsF& metrics, double length, int most)
-{
-    QStringList lines;
-    QString rest = text.simplified();
-    while (!rest.isEmpty() && lines.size() < most) {
-        const bool last = lines.size() == most - 1;
-        int end = rest.size();
-        while (!last && end > 0 && metrics.horizontalAdvance(rest.left(end)) > length)
-            end = rest.lastIndexOf(QLatin1Char(' '), end - rest.size() - 1);
-        const QString line = metrics.elidedText(end > 0 ? rest.left(end) : rest, Qt::ElideRight, length);
-        // An ellipsis alone says nothing.
-        if (line.isEmpty() || line == QString(Ellipsis))
-            return lines;
-        lines.append(line);
-        rest = end > 0 ? rest.mid(end).trimmed() : QString();
-    }
-    return lines;
-}
-
 double longestOf(const QStringList& lines, const QFontMetricsF& metrics)
 {
     double longest = 0.0;
@@ -327,7 +307,7 @@ void CurvePlotLayout::breakVertTitle(const CurvePlotContents& contents)
     const double end = m_horzTitle.place.height() > 0.0 ? m_horzTitle.place.top() : rect.bottom();
     m_vertTitle.place = QRectF(rect.left() + lengths.gap, top, 0.0, end - lengths.gap - top);
     m_vertTitle.lines =
-        linesOf(contents.vert.title, lengths.axisTitle, m_vertTitle.place.height(), MostVertTitleLines);
+        textLines(contents.vert.title, m_vertTitle.place.height(), MostVertTitleLines, lengths.axisTitle);
 }
 
 void CurvePlotLayout::placeVertTitle(const CurvePlotContents& contents, double width)
@@ -373,7 +353,7 @@ void CurvePlotLayout::placeTitles(const CurvePlotContents& contents)
         const QRectF across = fits ? QRectF(m_area) : whole;
         title.place.setLeft(across.left());
         title.place.setWidth(across.width());
-        title.lines = linesOf(text, metrics, across.width(), 1);
+        title.lines = textLines(text, across.width(), 1, metrics);
     };
     fill(m_title, contents.title, lengths.title);
     fill(m_horzTitle, contents.horz.title, lengths.axisTitle);

@@ -1,10 +1,10 @@
 #include "labelfile.h"
 
 #include "labelfields.h"
+#include "safefile.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
@@ -274,29 +274,6 @@ bool readBytes(const QString& path, QByteArray& bytes, QString& reason)
     return false;
 }
 
-/// Gives all bytes to the file, in pieces: of one large block QSaveFile forgets what a full disk didn't take.
-bool writeAll(QSaveFile& file, const QByteArray& bytes)
-{
-    constexpr int Piece = 65536;
-    for (int done = 0; done < bytes.size();) {
-        const int count = std::min(Piece, bytes.size() - done);
-        if (file.write(bytes.constData() + done, count) != count || !file.flush())
-            return false;
-        done += count;
-    }
-    return file.flush() && file.error() == QFileDevice::NoError && file.size() == bytes.size();
-}
-
-/// Makes a rename in `folder` survive a loss of power. File systems that cannot do it are left alone.
-void syncFolder(const QString& folder)
-{
-    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    ::fsync(handle);
-    ::close(handle);
-}
-
 bool writeBytes(const QString& path, const QByteArray& bytes, QString& reason)
 {
     if (!isUsable(path, reason))
@@ -306,24 +283,11 @@ bool writeBytes(const QString& path, const QByteArray& bytes, QString& reason)
         reason = QStringLiteral("it is no regular file");
         return false;
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        reason = file.errorString();
-        return false;
-    }
-    if (!writeAll(file, bytes)) {
-        reason = file.error() == QFileDevice::NoError
-                     ? QStringLiteral("not all bytes could be written; the disk may be full")
-                     : file.errorString();
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit()) {
-        reason = file.errorString();
-        return false;
-    }
-    syncFolder(QFileInfo(QFileInfo(path).canonicalFilePath()).absolutePath());
-    return true;
+    SafeFile file(path);
+    if (file.open() && file.write(bytes.constData(), bytes.size()) && file.commit())
+        return true;
+    reason = file.errorText();
+    return false;
 }
 
 } // namespace

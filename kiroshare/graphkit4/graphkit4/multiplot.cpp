@@ -24,12 +24,23 @@ MultiPlot::MultiPlot(QWidget* parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setAccessibleName(tr("Signal strips"));
-    setAccessibleDescription(tr("Arrow keys move the pointer, Space begins and ends a selection, "
-                                "Return acts as a double click, Escape gives up a selection"));
+    describe();
 }
 
 MultiPlot::~MultiPlot() = default;
+
+void MultiPlot::describe()
+{
+    const QString name = tr("Signal strips");
+    if (accessibleName() == m_ownName)
+        setAccessibleName(name);
+    m_ownName = name;
+    const QString description = tr("Arrow keys move the pointer, Space begins and ends a selection, "
+                                   "Return acts as a double click, Escape gives up a selection");
+    if (accessibleDescription() == m_ownDescription)
+        setAccessibleDescription(description);
+    m_ownDescription = description;
+}
 
 bool MultiPlot::setPlotCount(int count)
 {
@@ -364,6 +375,8 @@ void MultiPlot::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
     const QEvent::Type type = event->type();
+    if (type == QEvent::LanguageChange)
+        describe();
     if (type == QEvent::FontChange || type == QEvent::StyleChange || type == QEvent::PaletteChange ||
         type == QEvent::LanguageChange) {
         changed();

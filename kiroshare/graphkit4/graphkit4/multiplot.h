@@ -136,9 +136,11 @@ signals:
     void sigMouseWheelEvent(int delta);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -150,6 +152,8 @@ protected:
 
 private:
     int formPlotCount() const { return plotCount; }
+    /// Sets the accessible texts, unless others were set from outside.
+    void describe();
     void changed();
     void takeScheme();
     void takeVisibleStrips();
@@ -166,6 +170,8 @@ private:
     StripPoint pointOfDrag(const QPoint& pixel) const;
     void beginDrag(const QPoint& pixel);
     void endDrag(const QPoint& pixel);
+    void cancelDrag();
+    bool canCancelDrag() const { return m_drag.isActive() || m_drag.showsDistance(); }
     void movePointer(const QPoint& pixel);
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
     void ensurePointer();
@@ -197,4 +203,6 @@ private:
     mutable double m_chosenGrid = 0.0; ///< what the layout chose
     QPixmap m_picture;
     bool m_hasPicture = false;
+    QString m_ownName; ///< texts that were set here and so follow the language
+    QString m_ownDescription;
 };

@@ -74,6 +74,29 @@ void MultiPlot::endDrag(const QPoint& pixel)
         emit sigPeriodSelected(period.plot, period.from, period.to);
 }
 
+void MultiPlot::cancelDrag()
+{
+    m_drag.cancel();
+    update();
+}
+
+bool MultiPlot::event(QEvent* event)
+{
+    // Escape belongs to the drag before it belongs to a shortcut of the window.
+    if (event->type() == QEvent::ShortcutOverride && canCancelDrag() &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        event->accept();
+        return true;
+    }
+    return QFrame::event(event);
+}
+
+void MultiPlot::hideEvent(QHideEvent* event)
+{
+    m_drag.cancel();
+    QFrame::hideEvent(event);
+}
+
 void MultiPlot::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
@@ -165,9 +188,8 @@ void MultiPlot::keyPressEvent(QKeyEvent* event)
 
 bool MultiPlot::handleKey(int key, Qt::KeyboardModifiers modifiers)
 {
-    if (key == Qt::Key_Escape && (m_drag.isActive() || m_drag.showsDistance())) {
-        m_drag.cancel();
-        update();
+    if (key == Qt::Key_Escape && canCancelDrag()) {
+        cancelDrag();
         return true;
     }
     if (userMode == UserModeArrow || stripLayout().strips().isEmpty())

@@ -1,6 +1,7 @@
 #include "positionselector.h"
 
 #include "axisscale.h"
+#include "colormix.h"
 #include "positionselectoraccess.h"
 #include "stripcurve.h"
 
@@ -29,13 +30,6 @@ constexpr double SelectedCurveStrength = 0.65;
 constexpr double DisabledStrength = 0.45;
 /// Of the bar's height, above and below the curve.
 constexpr double CurveMarginPart = 0.08;
-
-QColor blended(const QColor& below, const QColor& above, double strength)
-{
-    const auto mix = [strength](double first, double second) { return first + (second - first) * strength; };
-    return QColor::fromRgbF(mix(below.redF(), above.redF()), mix(below.greenF(), above.greenF()),
-                            mix(below.blueF(), above.blueF()));
-}
 
 /// Draws a frame of this width inside `rect`, sharp on any device.
 void paintOutline(QPainter& painter, const QRectF& rect, double width, const QColor& color)
@@ -235,9 +229,9 @@ void PositionSelector::paintEvent(QPaintEvent*)
         paintOutline(painter, QRectF(contentsRect()), 2.0 * layout.lineWidth(),
                      roleColor(QPalette::Highlight));
     paintOutline(painter, layout.bar(), layout.lineWidth(),
-                 blended(roleColor(QPalette::Base), roleColor(QPalette::Text), OutlineStrength));
+                 mixedColor(roleColor(QPalette::Base), roleColor(QPalette::Text), OutlineStrength));
     paintCurve(painter, layout, m_curve,
-               blended(roleColor(QPalette::Base), roleColor(QPalette::Text), CurveStrength));
+               mixedColor(roleColor(QPalette::Base), roleColor(QPalette::Text), CurveStrength));
     paintNumbers(painter, layout);
     if (m_window.totalRange() > 0.0 && !layout.bar().isEmpty())
         paintWindow(painter, layout);
@@ -268,7 +262,9 @@ void PositionSelector::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     if (m_mayBeClick && m_window.draggedPart() == SelectorWindow::Part::Body) {
+        const double before = selectorPosition();
         m_window.setPosition(layoutNow().timeOf(m_pressX));
+        m_movedByPress = selectorPosition() != before;
         windowChanged();
     }
     endDrag();
@@ -305,8 +301,9 @@ SelectorLayout PositionSelector::layoutFor(double devicePixels) const
 QColor PositionSelector::roleColor(QPalette::ColorRole role) const
 {
     const QColor color = palette().color(QPalette::Active, role);
-    return isEnabled() ? color
-                       : blended(palette().color(QPalette::Active, QPalette::Base), color, DisabledStrength);
+    return isEnabled()
+               ? color
+               : mixedColor(palette().color(QPalette::Active, QPalette::Base), color, DisabledStrength);
 }
 
 /// Draws the overview over the bar, from a picture that is drawn anew only when something has changed.
@@ -354,7 +351,7 @@ void PositionSelector::paintWindow(QPainter& painter, const SelectorLayout& layo
     if (rect.width() > layout.handleWidth()) { // else there is nothing to be recognised
         painter.setClipRect(rect);
         paintCurve(painter, layout, m_selectedCurve,
-                   blended(highlight, highlightedText, SelectedCurveStrength));
+                   mixedColor(highlight, highlightedText, SelectedCurveStrength));
         painter.setClipping(false);
     }
     painter.fillRect(layout.centreLine(m_window), highlightedText);
@@ -379,7 +376,7 @@ void PositionSelector::paintHandles(QPainter& painter, const SelectorLayout& lay
 
 void PositionSelector::paintNumbers(QPainter& painter, const SelectorLayout& layout)
 {
-    const QColor outline = blended(roleColor(QPalette::Base), roleColor(QPalette::Text), OutlineStrength);
+    const QColor outline = mixedColor(roleColor(QPalette::Base), roleColor(QPalette::Text), OutlineStrength);
     painter.setPen(roleColor(QPalette::Text));
     painter.setFont(font());
     for (const SelectorMark& mark : layout.marks(m_timeStyle)) {
@@ -519,7 +516,7 @@ void PositionSelector::press(double x)
     const double time = layout.timeOf(x);
     const SelectorWindow::Part part = layout.partAt(x, m_window);
     m_pressX = x;
-    m_positionAtPress = selectorPosition();
+    m_movedByPress = false;
     m_mayBeClick = part == SelectorWindow::Part::Body;
     if (part != SelectorWindow::Part::None) {
         m_window.beginDrag(part, time);
@@ -539,6 +536,7 @@ void PositionSelector::drag(double x)
     m_mayBeClick = false;
     if (!m_window.dragTo(layoutNow().timeOf(x)))
         return;
+    m_movedByPress = true;
     windowChanged();
     if (m_window.draggedPart() == SelectorWindow::Part::Body)
         emit selectorPositionMove(selectorPosition());
@@ -552,7 +550,8 @@ void PositionSelector::endDrag()
         return;
     m_window.endDrag();
     m_mayBeClick = false;
-    if (selectorPosition() != m_positionAtPress)
+    // Whoever heard of the moves is to hear of their end, even if it is where they began.
+    if (m_movedByPress)
         emit selectorPositionChange(selectorPosition());
 }
 
@@ -560,7 +559,8 @@ void PositionSelector::cancelDrag()
 {
     const double rangeBefore = selectorRange();
     m_mayBeClick = false;
-    if (!m_window.cancelDrag())
+    m_window.cancelDrag();
+    if (!m_movedByPress)
         return;
     windowChanged();
     if (selectorRange() != rangeBefore)

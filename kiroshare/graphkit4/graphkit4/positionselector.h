@@ -80,8 +80,8 @@ public slots:
 signals:
     /// The centre, at each movement while the window is dragged.
     void selectorPositionMove(double position);
-    /// The centre, when a drag that moved it has ended (of an edge, too), after a click, and after a step, by
-    /// wheel, key or code.
+    /// The centre, when a drag that moved it has ended (of an edge, too, and back at its start), after a
+    /// click, and after a step, by wheel, key or code.
     void selectorPositionChange(double position);
     /// The width, whenever it changes by a dragged edge or by zooming. The centre may have moved with it.
     void selectorRangeChange(double range);
@@ -149,8 +149,8 @@ private:
     CurvePicture m_selectedCurve; // inside the window
 
     double m_pressX = 0.0;
-    double m_positionAtPress = 0.0;
-    bool m_mayBeClick = false; // pressed in the window and not yet moved
-    QString m_ownName;         // texts that were set here and so follow the language
+    bool m_mayBeClick = false;   // pressed in the window and not yet moved
+    bool m_movedByPress = false; // the press that goes on has changed the window
+    QString m_ownName;           // texts that were set here and so follow the language
     QString m_ownDescription;
 };

@@ -1,6 +1,7 @@
 #include "striplayout.h"
 
 #include "axisscale.h"
+#include "textlines.h"
 
 #include <QLocale>
 
@@ -106,23 +107,6 @@ void thinTexts(QVector<AxisMark>& marks, double gap)
     }
 }
 
-QStringList brokenLines(const QString& text, double width, int mostLines, const QFontMetricsF& metrics)
-{
-    QStringList lines;
-    QString rest = text;
-    while (!rest.isEmpty()) {
-        int end = rest.size();
-        const bool isLast = lines.size() + 1 >= mostLines;
-        while (!isLast && end > 0 && metrics.horizontalAdvance(rest.left(end)) > width)
-            end = rest.lastIndexOf(QLatin1Char(' '), end - 1);
-        if (isLast || end <= 0)
-            return lines << metrics.elidedText(rest, Qt::ElideRight, width);
-        lines.append(rest.left(end));
-        rest = rest.mid(end).trimmed();
-    }
-    return lines;
-}
-
 } // namespace
 
 QString valueText(double value, double step)
@@ -148,8 +132,10 @@ QStringList titleLines(const QString& text, const QString& unit, double width, i
     if (metrics.horizontalAdvance(name) + unitWidth <= width)
         return {(name + shownUnit).trimmed()};
     if (shownUnit.isEmpty() || unitWidth > width * MostOfUnit)
-        return brokenLines(name + shownUnit, width, mostLines, metrics);
-    QStringList lines = brokenLines(name, width, mostLines, metrics);
+        return textLines(name + shownUnit, width, mostLines, metrics);
+    QStringList lines = textLines(name, width, mostLines, metrics);
+    if (lines.isEmpty())
+        return {};
     if (metrics.horizontalAdvance(lines.last()) + unitWidth <= width)
         lines.last() += shownUnit;
     else if (lines.size() < mostLines)

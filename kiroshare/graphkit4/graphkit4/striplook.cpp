@@ -1,5 +1,7 @@
 #include "striplook.h"
 
+#include "colormix.h"
+
 #include <QPaintDevice>
 
 #include <algorithm>
@@ -59,7 +61,5 @@ QPen StripLook::quietPen(double share) const
 
 QColor StripLook::mixed(const QColor& color, double share) const
 {
-    const auto between = [share](int from, int to) { return qRound(from + (to - from) * share); };
-    return {between(m_background.red(), color.red()), between(m_background.green(), color.green()),
-            between(m_background.blue(), color.blue())};
+    return mixedColor(m_background, color, share);
 }

@@ -1,88 +1,19 @@
-#include "multiplot.h"
+#include "multiplotfixture.h"
+
+#include "support/translationbuilder.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QContextMenuEvent>
-#include <QImage>
-#include <QPainter>
 #include <QSignalSpy>
-#include <QTest>
+#include <QTranslator>
 #include <QWheelEvent>
 
 #include <cmath>
-#include <limits>
 #include <memory>
-
-Q_DECLARE_METATYPE(Qt::MouseButton)
-Q_DECLARE_METATYPE(Qt::KeyboardModifiers)
 
 namespace
 {
-
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
-constexpr int SampleCount = 1001;
-
-/// Three strips of 1001 samples over 10 s: value i, 2 i and -i of sample i, the second calibrated by 10.
-class MultiPlotTest : public testing::Test
-{
-protected:
-    MultiPlotTest()
-    {
-        // For QSignalSpy.
-        qRegisterMetaType<Qt::MouseButton>("Qt::MouseButton");
-        qRegisterMetaType<Qt::KeyboardModifiers>("Qt::KeyboardModifiers");
-        plot.resize(800, 420);
-        plot.setPlotCount(3);
-        for (int i = 0; i < 3; ++i) {
-            QVector<int> data(SampleCount);
-            for (int k = 0; k < SampleCount; ++k)
-                data[k] = i == 2 ? -k : k * (i + 1);
-            plot.plot(i)->setData(data, 0, -1);
-            plot.plot(i)->setTimePerSample(0.01);
-            plot.plot(i)->setTitle(QStringLiteral("Signal %1").arg(i));
-        }
-        plot.plot(1)->hasCalib = true;
-        plot.plot(1)->useCalib = true;
-        plot.plot(1)->calibFactor = 10.0;
-        plot.setHorzTitle(QStringLiteral("Time"));
-        plot.setHorzUnits(QStringLiteral("s"));
-        plot.setHorzScale(0.0, 10.0);
-        plot.adjustHorzGrid();
-        plot.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&plot));
-        plot.redraw(true);
-    }
-
-    QPoint at(unsigned strip, double seconds, double value) const
-    {
-        return plot.getScreenPoint(strip, QPointF(seconds, value));
-    }
-
-    /// What a pixel stands for in time.
-    double pixelSeconds() const { return 10.0 / (at(0, 10.0, 0.0).x() - at(0, 0.0, 0.0).x()); }
-
-    void send(QEvent::Type type, const QPoint& point, Qt::MouseButton button,
-              Qt::KeyboardModifiers modifiers = {})
-    {
-        QMouseEvent event(type, point, button, Qt::NoButton, modifiers);
-        QApplication::sendEvent(&plot, &event);
-    }
-
-    void move(const QPoint& point) { send(QEvent::MouseMove, point, Qt::NoButton); }
-
-    void drag(const QPoint& from, const QPoint& to)
-    {
-        QTest::mousePress(&plot, Qt::LeftButton, {}, from);
-        move((from + to) / 2);
-        move(to);
-        QTest::mouseRelease(&plot, Qt::LeftButton, {}, to);
-    }
-
-    QImage picture() { return plot.grab().toImage(); }
-
-    MultiPlot plot;
-};
 
 /// (point, plot, value, button, modifiers) of a mouse signal.
 void expectMouse(const QList<QVariant>& got, const QPoint& point, int strip, const QPointF& value,
@@ -95,23 +26,6 @@ void expectMouse(const QList<QVariant>& got, const QPoint& point, int strip, con
     EXPECT_NEAR(got[2].toPointF().y(), value.y(), tolerance.y());
     EXPECT_EQ(got[3].value<Qt::MouseButton>(), button);
     EXPECT_EQ(got[4].value<Qt::KeyboardModifiers>(), modifiers);
-}
-
-/// How many pixels of a column have a colour.
-int countInColumn(const QImage& image, int x, const QColor& color)
-{
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        count += image.pixelColor(x, y) == color ? 1 : 0;
-    return count;
-}
-
-int countAll(const QImage& image, const QColor& color)
-{
-    int count = 0;
-    for (int x = 0; x < image.width(); ++x)
-        count += countInColumn(image, x, color);
-    return count;
 }
 
 KiroLabel timeLine(uint ms, const QColor& color)
@@ -157,6 +71,34 @@ TEST(MultiPlotEmptyTest, HasNameAndDescriptionForScreenReaders)
     EXPECT_EQ(plot.accessibleName(), QStringLiteral("Signal strips"));
     EXPECT_FALSE(plot.accessibleDescription().isEmpty());
     EXPECT_EQ(plot.focusPolicy(), Qt::StrongFocus);
+}
+
+TEST(MultiPlotEmptyTest, PrecisionIsHeldBetweenNoneAndNine)
+{
+    MultiPlot plot;
+    plot.setPrecision(9);
+    plot.setPrecision(10);
+    EXPECT_EQ(plot.precision(), 9);
+    plot.setPrecision(0);
+    plot.setPrecision(-1);
+    EXPECT_EQ(plot.precision(), 0);
+}
+
+TEST(MultiPlotEmptyTest, TextsForScreenReadersFollowTheLanguageUnlessOthersWereSet)
+{
+    const std::string bytes = translationBytes({{"Signal strips", QStringLiteral("Paski")}});
+    QTranslator translator;
+    ASSERT_TRUE(translator.load(reinterpret_cast<const uchar*>(bytes.data()), int(bytes.size())));
+    MultiPlot plot;
+    MultiPlot named;
+    named.setAccessibleName(QStringLiteral("Preview"));
+    qApp->installTranslator(&translator);
+    QApplication::processEvents();
+    EXPECT_EQ(plot.accessibleName(), QStringLiteral("Paski"));
+    EXPECT_EQ(named.accessibleName(), QStringLiteral("Preview"));
+    qApp->removeTranslator(&translator);
+    QApplication::processEvents();
+    EXPECT_EQ(plot.accessibleName(), QStringLiteral("Signal strips"));
 }
 
 TEST_F(MultiPlotTest, PlotCountRebuildsAndRefusesNonsense)
@@ -378,6 +320,21 @@ TEST_F(MultiPlotTest, MovesAreToldInEveryMode)
     }
 }
 
+TEST_F(MultiPlotTest, MovesOverNoStripTellMinusOneAndTheTime)
+{
+    QSignalSpy moved(&plot, &MultiPlot::sigMouseMove);
+    const QPoint below(at(0, 6.0, 0.0).x(), plot.height() - 4);
+    move(below);
+    move(at(1, 6.0, 120.0));
+    ASSERT_EQ(moved.count(), 2);
+    EXPECT_EQ(moved[0][0].toPoint(), below);
+    EXPECT_EQ(moved[0][1].toInt(), -1);
+    EXPECT_NEAR(moved[0][2].toPointF().x(), 6.0, pixelSeconds());
+    EXPECT_EQ(moved[0][2].toPointF().y(), 0.0);
+    EXPECT_EQ(moved[1][1].toInt(), 1);
+    EXPECT_NEAR(moved[1][2].toPointF().y(), 120.0, 3.0);
+}
+
 TEST_F(MultiPlotTest, PointModeReportsTheSampleUnderTheMouse)
 {
     plot.setUserMode(UserModePoint);
@@ -500,6 +457,45 @@ TEST_F(MultiPlotTest, EscapeGivesUpTheDrag)
     QTest::keyClick(&plot, Qt::Key_Escape);
     QTest::mouseRelease(&plot, Qt::LeftButton, {}, at(0, 5.0, 100.0));
     EXPECT_EQ(period.count(), 0);
+}
+
+TEST_F(MultiPlotTest, EscapeBelongsToTheDragAndElseToTheWindow)
+{
+    const auto overrides = [this] {
+        QKeyEvent event(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+        event.ignore();
+        QApplication::sendEvent(&plot, &event);
+        return event.isAccepted();
+    };
+    plot.setUserMode(UserModeTimeSelection);
+    EXPECT_FALSE(overrides());
+    QTest::mousePress(&plot, Qt::LeftButton, {}, at(0, 2.0, 100.0));
+    EXPECT_TRUE(overrides());
+}
+
+TEST_F(MultiPlotTest, HidingGivesUpTheDrag)
+{
+    plot.setUserMode(UserModeTimeSelection);
+    QSignalSpy period(&plot, &MultiPlot::sigPeriodSelected);
+    QTest::mousePress(&plot, Qt::LeftButton, {}, at(0, 2.0, 100.0));
+    move(at(0, 5.0, 100.0));
+    plot.hide();
+    plot.show();
+    QTest::mouseRelease(&plot, Qt::LeftButton, {}, at(0, 5.0, 100.0));
+    EXPECT_EQ(period.count(), 0);
+}
+
+TEST_F(MultiPlotTest, ForcedTimeSelectionWorksWithoutAPressBefore)
+{
+    QSignalSpy period(&plot, &MultiPlot::sigPeriodSelected);
+    plot.forceModeTimeSelection(at(0, 2.0, 100.0));
+    EXPECT_EQ(plot.userMode, UserModeTimeSelection);
+    move(at(0, 6.0, 100.0));
+    QTest::mouseRelease(&plot, Qt::LeftButton, {}, at(0, 6.0, 100.0));
+    ASSERT_EQ(period.count(), 1);
+    EXPECT_EQ(period[0][0].toInt(), -1);
+    EXPECT_NEAR(period[0][1].toDouble(), 2.0, pixelSeconds());
+    EXPECT_NEAR(period[0][2].toDouble(), 6.0, pixelSeconds());
 }
 
 TEST_F(MultiPlotTest, LabelsAreKeptInOrderWithIdentifiers)

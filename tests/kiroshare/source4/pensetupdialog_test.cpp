@@ -2,8 +2,8 @@
 
 #include "dialogprobe.h"
 #include "previewframe.h"
-#include "windows/messagerecorder.h"
 #include "windows/modalanswers.h"
+#include "windows/windowmessages.h"
 
 #include <QColorDialog>
 #include <QComboBox>
@@ -59,11 +59,7 @@ protected:
 
 TEST_F(PenSetupDialogTest, IsBuiltWithoutAWarning)
 {
-    const MessageRecorder messages;
-    PenSetupDialog dialog;
-    dialog.show();
-    QApplication::processEvents();
-    EXPECT_EQ(MessageRecorder::texts().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(messagesOfBuilding<PenSetupDialog>(), "");
 }
 
 TEST_F(PenSetupDialogTest, Texts)

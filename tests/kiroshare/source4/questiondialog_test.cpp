@@ -1,8 +1,8 @@
 #include "questiondialog.h"
 
 #include "dialogprobe.h"
-#include "windows/messagerecorder.h"
 #include "windows/modalanswers.h"
+#include "windows/windowmessages.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -186,9 +186,5 @@ TEST_F(QuestionDialogTest, TabReachesTheButtonsFromTopToBottom)
 
 TEST_F(QuestionDialogTest, IsBuiltWithoutAWarning)
 {
-    const MessageRecorder messages;
-    QuestionDialog dialog;
-    dialog.show();
-    QApplication::processEvents();
-    EXPECT_EQ(MessageRecorder::texts().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(messagesOfBuilding<QuestionDialog>(), "");
 }

@@ -3,7 +3,7 @@
 #include "dialogprobe.h"
 #include "selectsignalfixture.h"
 #include "support/fatalrecorder.h"
-#include "windows/messagerecorder.h"
+#include "windows/windowmessages.h"
 
 #include <QHeaderView>
 #include <QPushButton>
@@ -12,11 +12,7 @@
 
 TEST_F(SelectSignalTest, IsBuiltWithoutAWarning)
 {
-    const MessageRecorder messages;
-    SelectSignal dialog;
-    dialog.show();
-    QApplication::processEvents();
-    EXPECT_EQ(MessageRecorder::texts().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(messagesOfBuilding<SelectSignal>(), "");
 }
 
 TEST_F(SelectSignalTest, Texts)

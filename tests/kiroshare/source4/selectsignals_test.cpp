@@ -8,7 +8,9 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -29,6 +31,25 @@ protected:
             m_dialog.addRole(QLatin1String(text), Names, current++ % 3);
         m_dialog.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&m_dialog));
+    }
+    /// Two roles of 14 names each, CHANNEL_0 to CHANNEL_13, with CHANNEL_2 and CHANNEL_5 selected.
+    void addTwoLongRoles()
+    {
+        QStringList names;
+        for (int i = 0; i < 14; ++i)
+            names << QStringLiteral("CHANNEL_%1").arg(i);
+        m_dialog.addRole(QStringLiteral("a"), names, 2);
+        m_dialog.addRole(QStringLiteral("b"), names, 5);
+        m_dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_dialog));
+    }
+    QLineEdit* filter() { return widgetIn<QLineEdit>(m_dialog, "editFilter"); }
+    std::string namesIn(int row)
+    {
+        QStringList names;
+        for (int i = 0; i < combo(row)->count(); ++i)
+            names << combo(row)->itemText(i);
+        return names.join(QLatin1Char(' ')).toStdString();
     }
     QComboBox* combo(int row)
     {
@@ -159,4 +180,73 @@ TEST_F(SelectSignalsTest, ALongNameDoesNotWidenTheDialog)
     m_dialog.addRole(QStringLiteral("a"), {QString(300, QLatin1Char('x'))}, 0);
     EXPECT_LT(m_dialog.sizeHint().width(), m_dialog.fontMetrics().averageCharWidth() * 70);
     EXPECT_EQ(combo(0)->toolTip(), QString(300, QLatin1Char('x')));
+}
+
+TEST_F(SelectSignalsTest, TheFilterIsThereFromThirteenNamesOn)
+{
+    QStringList names;
+    for (int i = 0; i < 12; ++i)
+        names << QString::number(i);
+    m_dialog.addRole(QStringLiteral("a"), names, 0);
+    m_dialog.show();
+    EXPECT_FALSE(filter()->isVisible());
+    m_dialog.addRole(QStringLiteral("b"), names << QStringLiteral("12"), 0);
+    EXPECT_TRUE(filter()->isVisible());
+    EXPECT_EQ(filter()->accessibleName(), QStringLiteral("Filter"));
+}
+
+TEST_F(SelectSignalsTest, TheFilterLeavesTheNamesWithAllWordsAndTheSelectedOnes)
+{
+    addTwoLongRoles();
+    QTest::keyClicks(filter(), QStringLiteral("1 chan"));
+    EXPECT_EQ(namesIn(0), "CHANNEL_1 CHANNEL_2 CHANNEL_10 CHANNEL_11 CHANNEL_12 CHANNEL_13");
+    EXPECT_EQ(namesIn(1), "CHANNEL_1 CHANNEL_5 CHANNEL_10 CHANNEL_11 CHANNEL_12 CHANNEL_13");
+    EXPECT_EQ(m_dialog.selected(0), 2);
+    EXPECT_EQ(m_dialog.selected(1), 5);
+    filter()->clear();
+    EXPECT_EQ(combo(0)->count(), 14);
+    EXPECT_EQ(m_dialog.selected(0), 2);
+}
+
+TEST_F(SelectSignalsTest, ANameChosenFromTheFilteredOnesIsToldByItsPlaceAmongAll)
+{
+    addTwoLongRoles();
+    filter()->setText(QStringLiteral("_12"));
+    combo(1)->setFocus();
+    QTest::keyClick(combo(1), Qt::Key_End);
+    EXPECT_EQ(combo(1)->currentText(), QStringLiteral("CHANNEL_12"));
+    EXPECT_EQ(m_dialog.selected(1), 12);
+    EXPECT_EQ(m_dialog.selected(0), 2);
+    filter()->setText(QStringLiteral("nothing has this"));
+    EXPECT_EQ(namesIn(1), "CHANNEL_12");
+    EXPECT_EQ(m_dialog.selected(1), 12);
+}
+
+TEST_F(SelectSignalsTest, RolesAddedLaterAreFilteredToo)
+{
+    addTwoLongRoles();
+    filter()->setText(QStringLiteral("_7"));
+    m_dialog.addRole(QStringLiteral("c"), {QStringLiteral("X_6"), QStringLiteral("X_7")}, 1);
+    EXPECT_EQ(namesIn(2), "X_7");
+    EXPECT_EQ(m_dialog.selected(2), 1);
+}
+
+TEST_F(SelectSignalsTest, TabGoesThroughTheFilterFirst)
+{
+    addTwoLongRoles();
+    EXPECT_EQ(tabOrderOf(m_dialog), "editFilter comboRole0 comboRole1 - -");
+}
+
+TEST_F(SelectSignalsTest, LongNamesAreToldApartByTheirEnds)
+{
+    const QString start(300, QLatin1Char('x'));
+    m_dialog.addRole(QStringLiteral("a"), {start + QStringLiteral("_ONE"), start + QStringLiteral("_TWO")},
+                     0);
+    m_dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_dialog));
+    const QImage one = combo(0)->grab().toImage();
+    combo(0)->setCurrentIndex(1);
+    EXPECT_NE(combo(0)->grab().toImage(), one);
+    combo(0)->setCurrentIndex(0);
+    EXPECT_EQ(combo(0)->grab().toImage(), one);
 }

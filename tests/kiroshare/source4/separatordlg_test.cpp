@@ -1,8 +1,8 @@
 #include "separatordlg.h"
 
 #include "dialogprobe.h"
-#include "windows/messagerecorder.h"
 #include "windows/modalanswers.h"
+#include "windows/windowmessages.h"
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
@@ -69,11 +69,7 @@ const Choice Choices[] = {{"radioSpace", "space (  )", QStringLiteral(" ")},
 
 TEST_F(SeparatorDlgTest, IsBuiltWithoutAWarning)
 {
-    const MessageRecorder messages;
-    SeparatorDlg dialog;
-    dialog.show();
-    QApplication::processEvents();
-    EXPECT_EQ(MessageRecorder::texts().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(messagesOfBuilding<SeparatorDlg>(), "");
 }
 
 TEST_F(SeparatorDlgTest, TextsFromTopToBottom)
