@@ -81,6 +81,59 @@ std::vector<ColumnSpan> RoundPen::widened(const std::vector<ColumnSpan>& spans) 
 namespace
 {
 
+/// So fine that half the width is a whole number of fine pixels, at the usual scales of a screen.
+int finenessFor(double width)
+{
+    for (const int fineness : {2, 4}) {
+        if (std::fmod(width * 0.5 * fineness, 1.0) == 0.0)
+            return fineness;
+    }
+    return 8;
+}
+
+} // namespace
+
+FinePen::FinePen(double width)
+    : m_fineness(finenessFor(width))
+    , m_radius(int(std::lround(std::clamp(width, 1.0, 2048.0) * 0.5 * m_fineness)))
+{
+}
+
+std::vector<ColumnSpan> FinePen::widened(const std::vector<ColumnSpan>& fineSpans) const
+{
+    SpanList wide;
+    if (fineSpans.empty())
+        return wide.spans();
+    // Of the fine columns on one side of a pixel's centre, from there outwards.
+    std::vector<double> halfHeights;
+    for (int i = 0; i < m_radius; ++i)
+        halfHeights.push_back(std::sqrt(double(m_radius) * m_radius - (i + 0.5) * (i + 0.5)));
+    const double fineness = m_fineness;
+    const int firstColumn = int(std::floor((fineSpans.front().column - m_radius) / fineness));
+    const int lastColumn = int(std::floor((fineSpans.back().column + m_radius) / fineness));
+    std::size_t first = 0;
+    for (int column = firstColumn; column <= lastColumn; ++column) {
+        const int middle = column * m_fineness + m_fineness / 2;
+        while (first < fineSpans.size() && fineSpans[first].column < middle - m_radius)
+            ++first;
+        for (std::size_t i = first; i < fineSpans.size() && fineSpans[i].column < middle + m_radius; ++i) {
+            const ColumnSpan& fine = fineSpans[i];
+            const int aside = fine.column < middle ? middle - 1 - fine.column : fine.column - middle;
+            const double halfHeight = halfHeights[std::size_t(aside)];
+            // Heights in pixels, from the centre of the uppermost row.
+            const double top = (fine.top + 0.5 - halfHeight) / fineness - 0.5;
+            const double bottom = (fine.bottom + 0.5 + halfHeight) / fineness - 0.5;
+            const ColumnSpan span{column, int(std::ceil(top)), int(std::floor(bottom))};
+            if (span.top <= span.bottom)
+                wide.add(span);
+        }
+    }
+    return wide.spans();
+}
+
+namespace
+{
+
 /// Columns whose common rows are looked for; more of them have fewer in common.
 constexpr std::size_t MostTogether = 16;
 
@@ -90,7 +143,7 @@ QRect rectOf(const ColumnSpan* first, std::size_t count, int top, int bottom)
 }
 
 /// Adds what spans of neighbouring columns light of the rows from `top` to `bottom`: first the rows that all
-/// have in common, then by halves what is left above and below.
+/// have in common, then by quarters what is left above and below.
 void addRects(const ColumnSpan* first, std::size_t count, int top, int bottom, std::vector<QRect>& rects)
 {
     bool anyLit = false;
@@ -103,19 +156,21 @@ void addRects(const ColumnSpan* first, std::size_t count, int top, int bottom, s
     }
     if (!anyLit)
         return;
-    const auto halves = [&](int from, int to) {
-        if (from > to || count == 1)
-            return;
-        addRects(first, count / 2, from, to, rects);
-        addRects(first + count / 2, count - count / 2, from, to, rects);
+    if (commonTop <= commonBottom)
+        rects.push_back(rectOf(first, count, commonTop, commonBottom));
+    if (count == 1)
+        return;
+    const auto quarters = [&](int from, int to) {
+        const std::size_t part = (count + 3) / 4;
+        for (std::size_t i = 0; from <= to && i < count; i += part)
+            addRects(first + i, std::min(part, count - i), from, to, rects);
     };
     if (commonTop > commonBottom) {
-        halves(top, bottom);
+        quarters(top, bottom);
         return;
     }
-    rects.push_back(rectOf(first, count, commonTop, commonBottom));
-    halves(top, commonTop - 1);
-    halves(commonBottom + 1, bottom);
+    quarters(top, commonTop - 1);
+    quarters(commonBottom + 1, bottom);
 }
 
 /// Whether a span is the only one of its column.

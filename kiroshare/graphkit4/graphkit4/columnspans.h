@@ -46,6 +46,26 @@ private:
     int m_width;
 };
 
+/// As RoundPen, for lines on a grid of finer pixels: where lines are steep a part of a pixel across is many
+/// rows. Lights the pixels whose centres are within half the width from the line.
+class FinePen
+{
+public:
+    /// `width` in pixels, from 1 to 2048; taken as a whole number of quarters.
+    explicit FinePen(double width);
+
+    /// Fine pixels in one, across and down.
+    int fineness() const { return m_fineness; }
+    /// So many fine columns and rows around a fine pixel it may light.
+    int reach() const { return m_radius + m_fineness; }
+    /// The pixels that fine pixels light.
+    std::vector<ColumnSpan> widened(const std::vector<ColumnSpan>& fineSpans) const;
+
+private:
+    int m_fineness;
+    int m_radius; ///< fine pixels
+};
+
 /// The spans as rectangles that do not overlap, few and wide ones where neighbouring columns have rows in
 /// common: the painter fills a wide rectangle much faster than as many narrow ones.
 std::vector<QRect> rectsOf(const std::vector<ColumnSpan>& spans);

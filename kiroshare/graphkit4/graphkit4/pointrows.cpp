@@ -12,9 +12,12 @@ namespace
 {
 
 /// Up to so many samples of a column are looked at one by one at once.
-constexpr int FewSamples = 2 * SampleStore::BlockSize;
-/// Samples and blocks of a column that are looked at.
-constexpr int Budget = 2048;
+constexpr int FewSamples = 4 * SampleStore::BlockSize;
+/// Of more, so many blocks first.
+constexpr int BlocksAhead = 16;
+/// What may be spent on a column then; the extremes of a block cost 1, its samples so much:
+constexpr int Budget = 128;
+constexpr int CostOfSamples = 4;
 /// Greater whole numbers are not told apart as doubles.
 constexpr double GreatestExact = 4503599627370496.0;
 
@@ -67,20 +70,32 @@ int PointRows::rowOf(double raw) const
 
 void PointRows::light(int row)
 {
-    if (row < 0 || row >= int(m_rows.size()))
+    if (row < 0 || row >= int(m_rows.size()) || m_rows[std::size_t(row)] == Lit)
         return;
     m_rows[std::size_t(row)] = Lit;
+    settle(row - 1);
+    settle(row + 1);
     m_least = std::min(m_least, row);
     m_greatest = std::max(m_greatest, row);
 }
 
+void PointRows::settle(int row)
+{
+    if (row >= 0 && row < int(m_rows.size()) && m_rows[std::size_t(row)] == Open)
+        m_rows[std::size_t(row)] = Beside;
+}
+
 void PointRows::lightEach(int first, int end)
 {
-    for (int i = first; i < end; ++i) {
-        const double raw = m_samples.value(i);
-        if (std::isfinite(raw))
-            light(rowOf(raw));
-    }
+    std::visit(
+        [&](const auto& vector) {
+            for (int i = first; i < end; ++i) {
+                const auto raw = double(vector.constData()[i]);
+                if (std::isfinite(raw))
+                    light(rowOf(raw));
+            }
+        },
+        m_samples.samples());
 }
 
 bool PointRows::isOpenBetween(int one, int other) const
@@ -90,28 +105,47 @@ bool PointRows::isOpenBetween(int one, int other) const
     return from < to && std::memchr(m_rows.data() + from, Open, std::size_t(to - from)) != nullptr;
 }
 
+bool PointRows::lightExtremes(int first, int end)
+{
+    Extremes extremes;
+    if (!m_samples.extremes(first, end - first, extremes))
+        return false;
+    const int one = rowOf(extremes.least);
+    const int other = rowOf(extremes.greatest);
+    light(one);
+    light(other);
+    return isOpenBetween(one, other);
+}
+
+/// Lights the extremes of blocks here and there, which mostly are near all others.
+void PointRows::lookAhead(int first, int end)
+{
+    constexpr int Block = SampleStore::BlockSize;
+    const int step = std::max((end - first) / BlocksAhead, Block);
+    for (int from = first; from + Block <= end; from += step) {
+        const int aligned = from - from % Block;
+        if (aligned >= first)
+            lightExtremes(aligned, aligned + Block);
+    }
+}
+
 void PointRows::search(int first, int end)
 {
+    lookAhead(first, end);
     int budget = Budget;
     m_queue.assign(1, {first, end});
     for (std::size_t next = 0; next < m_queue.size() && budget > 0; ++next, --budget) {
         const Stretch stretch = m_queue[next];
-        Extremes extremes;
-        if (!m_samples.extremes(stretch.first, stretch.end - stretch.first, extremes))
-            continue;
-        const int one = rowOf(extremes.least);
-        const int other = rowOf(extremes.greatest);
-        light(one);
-        light(other);
-        if (!isOpenBetween(one, other))
+        if (!lightExtremes(stretch.first, stretch.end))
             continue;
         if (stretch.end - stretch.first > SampleStore::BlockSize) {
-            forEachBlock(stretch.first, stretch.end,
-                         [this](int from, int to) { m_queue.push_back({from, to}); });
-            continue;
+            forEachBlock(stretch.first, stretch.end, [this](int from, int to) {
+                m_queue.push_back({from, to});
+            });
+        } else {
+            lightEach(stretch.first, stretch.end);
+            budget -= CostOfSamples;
         }
-        lightEach(stretch.first, stretch.end);
-        budget -= stretch.end - stretch.first;
     }
 }
 
@@ -134,5 +168,7 @@ void PointRows::add(int column, int first, int end, SpanList& lit)
             ++row;
         lit.add({column, top + from, top + row});
     }
-    std::copy(m_blank.begin() + m_least, m_blank.begin() + m_greatest + 1, m_rows.begin() + m_least);
+    const auto from = std::max(m_least - 1, 0);
+    const auto to = std::min(m_greatest + 2, int(m_rows.size()));
+    std::copy(m_blank.begin() + from, m_blank.begin() + to, m_rows.begin() + from);
 }

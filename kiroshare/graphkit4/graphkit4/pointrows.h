@@ -5,8 +5,8 @@
 
 /// Finds the rows of a column that samples stand on, at a bounded cost.
 ///
-/// Blocks of samples are looked into from the greatest down, as long as they may hold a row that is not lit
-/// yet.
+/// Of many samples some are looked at; then blocks of them from the greatest down, as long as they may hold a
+/// row that is not yet lit or next to one that is.
 class PointRows
 {
 public:
@@ -19,7 +19,8 @@ private:
     enum State : char {
         Open,
         Lit,
-        Never ///< no sample can stand there: whole numbers can be more than a row apart
+        Beside, ///< next to one that is lit: need not be looked for
+        Never   ///< no sample can stand there: whole numbers can be more than a row apart
     };
     struct Stretch
     {
@@ -30,7 +31,10 @@ private:
     void findRowsOfNumbers();
     int rowOf(double raw) const;
     void light(int row);
+    void settle(int row);
     void lightEach(int first, int end);
+    bool lightExtremes(int first, int end);
+    void lookAhead(int first, int end);
     void search(int first, int end);
     bool isOpenBetween(int one, int other) const;
 

@@ -217,13 +217,14 @@ struct Pyramid
 
 /// Calls `samples(first, end)` and `blocks(level, first, end)` for ranges that together make up the samples
 /// from `first` to before `end`: of each level, at an end that is not one of a block of the next, as many as
-/// such a block has, which may overlap other ranges; all that there are if they may be fewer than two such
-/// blocks.
+/// such a block has, which may overlap other ranges; all that there are if they hold no such block.
 template <class T, class SamplesVisitor, class BlocksVisitor>
 void visitRange(const Pyramid<T>& pyramid, std::size_t first, std::size_t end, SamplesVisitor samples,
                 BlocksVisitor blocks)
 {
-    if (end - first < 2 * Block) {
+    std::size_t from = (first + Block - 1) / Block;
+    std::size_t to = end / Block;
+    if (from >= to) {
         samples(first, end);
         return;
     }
@@ -231,10 +232,10 @@ void visitRange(const Pyramid<T>& pyramid, std::size_t first, std::size_t end, S
         samples(first, first + Block);
     if (end % Block != 0)
         samples(end - Block, end);
-    std::size_t from = (first + Block - 1) / Block;
-    std::size_t to = end / Block;
-    for (std::size_t i = 0; i < pyramid.levels.size(); ++i) {
-        if (i + 1 == pyramid.levels.size() || to - from < 2 * Factor) {
+    for (std::size_t i = 0;; ++i) {
+        const std::size_t above = (from + Factor - 1) / Factor;
+        const std::size_t aboveEnd = to / Factor;
+        if (i + 1 == pyramid.levels.size() || above >= aboveEnd) {
             blocks(pyramid.levels[i], from, to);
             return;
         }
@@ -242,8 +243,8 @@ void visitRange(const Pyramid<T>& pyramid, std::size_t first, std::size_t end, S
             blocks(pyramid.levels[i], from, from + Factor);
         if (to % Factor != 0)
             blocks(pyramid.levels[i], to - Factor, to);
-        from = (from + Factor - 1) / Factor;
-        to = to / Factor;
+        from = above;
+        to = aboveEnd;
     }
 }
 
@@ -300,6 +301,18 @@ bool rangeHasGaps(const QVector<T>& samples, const Pyramid<T>& pyramid, std::siz
                 found = level.gaps[i];
         });
     return found;
+}
+
+/// Memory that is fetched at once.
+constexpr std::size_t CacheLine = 64;
+
+/// From `before` elements before `place` to as many behind it.
+template <class T>
+void prefetchAround(const T* begin, std::size_t count, std::size_t place, std::size_t before)
+{
+    const std::size_t end = std::min(place + before, count);
+    for (std::size_t i = place - std::min(place, before); i < end; i += CacheLine / sizeof(T))
+        __builtin_prefetch(begin + i);
 }
 
 using AnyPyramid =
@@ -386,5 +399,23 @@ bool SampleStore::hasGaps(int first, int count) const
             return rangeHasGaps(vector, pyramid, std::size_t(first), std::size_t(first) + std::size_t(count));
         else
             return false;
+    });
+}
+
+void SampleStore::prefetch(int index) const
+{
+    Q_ASSERT(index >= 0 && index <= count());
+    m_shared->visit([&](const auto& vector, const auto& pyramid) {
+        auto place = std::size_t(index);
+        if (place % Block != 0)
+            prefetchAround(vector.constData(), std::size_t(vector.size()), place, Block);
+        place /= Block;
+        // Higher levels are small and stay in the cache.
+        for (std::size_t i = 0; i < std::min<std::size_t>(pyramid.levels.size(), 2); ++i) {
+            const auto& level = pyramid.levels[i];
+            prefetchAround(level.least.data(), level.count(), place, Factor);
+            prefetchAround(level.greatest.data(), level.count(), place, Factor);
+            place /= Factor;
+        }
     });
 }

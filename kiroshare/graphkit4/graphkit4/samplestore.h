@@ -44,6 +44,9 @@ public:
     bool extremes(int first, int count, Extremes& found) const;
     /// Whether a sample of that range is NaN or infinite; at most as costly as extremes().
     bool hasGaps(int first, int count) const;
+    /// Has the processor fetch, without waiting, what extremes() will read for a range that begins or ends at
+    /// `index`, which lies within the samples or just behind them.
+    void prefetch(int index) const;
 
 private:
     struct Shared;

@@ -16,6 +16,8 @@ constexpr double FewThin = 0.5;
 constexpr double FewWide = 0.125;
 /// Pixels; wider pens are wide.
 constexpr double ThinWidth = 1.5;
+/// Up to this width the corners of square caps stand out of round joins by less than half a pixel.
+constexpr double WidestSquare = 2.0;
 
 double penWidth(const QPen& pen, const PixelGrid& grid)
 {
@@ -60,20 +62,25 @@ public:
         , m_raster(grid.raster)
         , m_tolerance(view.tolerance)
         , m_width(penWidth(pen, grid))
-        , m_round(m_width)
-        , m_geometry(grid, samples, view, m_round.reach() + 1)
+        , m_finePen(m_width)
+        , m_fineness(m_width <= ThinWidth ? 1 : m_finePen.fineness())
+        , m_smooth(grid, samples, view, m_finePen.reach() / m_finePen.fineness() + 1)
+        , m_sharp(grid.finer(m_fineness), samples, view, m_fineness == 1 ? 1 : m_finePen.reach())
         , m_pen(pixelPen(pen, m_width))
     {
     }
 
-    bool isUsable() const { return m_geometry.isUsable(); }
+    bool isUsable() const { return m_sharp.isUsable(); }
     void drawPoints();
     void drawCurve();
 
 private:
     bool isSparse() const;
-    void trace(StripSink& sink) const;
+    bool canBeLines() const;
+    void trace(const StripGeometry& geometry, StripSink& sink) const;
     void drawLines();
+    void drawPoint(const QPointF& point);
+    void drawLine(const QPolygonF& line);
     void fill(const std::vector<ColumnSpan>& spans);
 
     QPainter& m_painter;
@@ -81,55 +88,105 @@ private:
     bool m_raster;
     double m_tolerance;
     double m_width;
-    RoundPen m_round;
-    StripGeometry m_geometry;
+    FinePen m_finePen;
+    int m_fineness;         ///< columns of m_sharp in one of m_smooth
+    StripGeometry m_smooth; ///< for lines
+    StripGeometry m_sharp;  ///< for columns and rows
     QPen m_pen;
 };
 
 bool StripDrawing::isSparse() const
 {
     const double few = m_width <= ThinWidth ? FewThin : FewWide;
-    return m_geometry.end() - m_geometry.first() <= few * m_geometry.canvas().width();
+    return m_smooth.end() - m_smooth.first() <= few * m_smooth.canvas().width();
 }
 
-void StripDrawing::trace(StripSink& sink) const
+/// Whether lines drawn one by one look like one curve.
+bool StripDrawing::canBeLines() const
+{
+    return m_pen.style() != Qt::SolidLine || (m_width <= WidestSquare && m_pen.brush().isOpaque());
+}
+
+void StripDrawing::trace(const StripGeometry& geometry, StripSink& sink) const
 {
     if (!(m_tolerance > 0.0)) {
-        traceStrip(m_samples, m_geometry, sink);
+        traceStrip(m_samples, geometry, sink);
         return;
     }
     // The points of a column may be off by up to a pixel already.
     ToleranceFilter filter(sink, std::max(m_tolerance - 1.0, 0.0));
-    traceStrip(m_samples, m_geometry, filter);
+    traceStrip(m_samples, geometry, filter);
 }
 
 void StripDrawing::drawLines()
 {
     // Cuts lie so far outside that neither caps nor joins are seen.
     const double margin = m_width + 2.0;
-    PolylineSink sink(QRectF(m_geometry.canvas()).adjusted(-margin, -margin, margin, margin));
-    trace(sink);
-    m_painter.setPen(m_pen);
-    if (m_geometry.isMirrored()) {
-        m_painter.translate(m_geometry.mirrored(0.0), 0.0);
+    PolylineSink lines(QRectF(m_smooth.canvas()).adjusted(-margin, -margin, margin, margin));
+    ColumnRaster raster(m_sharp.canvas());
+    if (m_raster && m_pen.style() == Qt::SolidLine) {
+        SteepFilter filter(lines, raster, m_fineness);
+        trace(m_smooth, filter);
+        fill(raster.spans());
+    } else {
+        trace(m_smooth, lines);
+    }
+    if (m_smooth.isMirrored()) {
+        m_painter.translate(m_smooth.mirrored(0.0), 0.0);
         m_painter.scale(-1.0, 1.0);
     }
     m_painter.setRenderHint(QPainter::Antialiasing, m_raster);
-    for (QPolygonF line : sink.lines()) {
+    m_painter.setPen(m_pen);
+    for (const QPointF& point : lines.points())
+        drawPoint(point);
+    for (QPolygonF line : lines.lines()) {
         if (m_raster)
             sharpenLevels(line);
-        m_painter.drawPolyline(line);
+        drawLine(line);
     }
-    for (const QPointF& point : sink.points())
-        m_painter.drawPoint(QPointF(std::floor(point.x()) + 0.5, std::floor(point.y()) + 0.5));
+}
+
+/// Lights the pixel of a point.
+void StripDrawing::drawPoint(const QPointF& point)
+{
+    const QPointF corner(std::floor(point.x()), std::floor(point.y()));
+    if (m_width <= ThinWidth)
+        m_painter.fillRect(QRectF(corner, QSizeF(1.0, 1.0)), m_pen.brush());
+    else
+        m_painter.drawPoint(corner + QPointF(0.5, 0.5));
+}
+
+void StripDrawing::drawLine(const QPolygonF& line)
+{
+    if (!m_raster || m_pen.style() != Qt::SolidLine) {
+        m_painter.drawPolyline(line);
+        return;
+    }
+    QPen pen = m_pen;
+    if (m_width <= ThinWidth) {
+        // A round cap would reach into a column that the line does not.
+        drawPoint(line.first());
+        drawPoint(line.last());
+        pen.setCapStyle(Qt::FlatCap);
+        m_painter.setPen(pen);
+        m_painter.drawPolyline(line);
+        return;
+    }
+    // Many times as fast as stroking a wide polyline.
+    QVector<QLineF> lines;
+    for (int i = 1; i < line.size(); ++i)
+        lines.append(QLineF(line[i - 1], line[i]));
+    pen.setCapStyle(Qt::SquareCap);
+    m_painter.setPen(pen);
+    m_painter.drawLines(lines);
 }
 
 void StripDrawing::fill(const std::vector<ColumnSpan>& spans)
 {
-    std::vector<QRect> rects = rectsOf(m_round.widened(spans));
-    if (m_geometry.isMirrored()) {
+    std::vector<QRect> rects = rectsOf(m_fineness == 1 ? spans : m_finePen.widened(spans));
+    if (m_smooth.isMirrored()) {
         for (QRect& rect : rects)
-            rect.moveLeft(int(m_geometry.mirrored(rect.left() + rect.width())));
+            rect.moveLeft(int(m_smooth.mirrored(rect.left() + rect.width())));
     }
     m_painter.setRenderHint(QPainter::Antialiasing, false);
     m_painter.setPen(Qt::NoPen);
@@ -139,17 +196,17 @@ void StripDrawing::fill(const std::vector<ColumnSpan>& spans)
 
 void StripDrawing::drawPoints()
 {
-    fill(traceStripPoints(m_samples, m_geometry));
+    fill(traceStripPoints(m_samples, m_sharp));
 }
 
 void StripDrawing::drawCurve()
 {
-    if (!m_raster || isSparse()) {
+    if (!m_raster || (isSparse() && canBeLines())) {
         drawLines();
         return;
     }
-    ColumnRaster raster(m_geometry.canvas());
-    trace(raster);
+    ColumnRaster raster(m_sharp.canvas());
+    trace(m_sharp, raster);
     fill(raster.spans());
 }
 

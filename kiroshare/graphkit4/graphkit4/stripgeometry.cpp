@@ -11,14 +11,10 @@ namespace
 
 /// A grid that is not the device's has at most so many columns and rows.
 constexpr double MostPixels = 32768.0;
-/// Farther off no slope changes by what can be seen.
-constexpr double FarOff = 1e9;
 /// Lines between samples that are farther apart do not occur.
 constexpr double FarAside = 1e15;
 /// Sums of numbers below are finite.
 constexpr double HugeNumber = 1e300;
-/// Pixels by which rounding may move a value that is one of the scale's ends.
-constexpr double Slack = 1.0 / 1024;
 /// Steps by which a guessed sample is set right before it is searched.
 constexpr int GuessSteps = 4;
 
@@ -60,10 +56,22 @@ PixelGrid::PixelGrid(const QPainter& painter, const QRectF& viewRect)
         visible = rect.intersected(bounds).toRect();
 }
 
+PixelGrid PixelGrid::finer(int times) const
+{
+    PixelGrid fine = *this;
+    fine.fromView *= QTransform::fromScale(times, times);
+    fine.rect = QRectF(rect.topLeft() * times, rect.size() * times);
+    fine.visible = QRect(visible.topLeft() * times, visible.size() * times);
+    fine.scale *= times;
+    fine.fineness *= times;
+    return fine;
+}
+
 StripGeometry::StripGeometry(const PixelGrid& grid, const SampleStore& samples, const StripView& view,
                              int reach)
     : m_view(view)
     , m_canvas(grid.visible.adjusted(-reach, -reach, reach, reach))
+    , m_fineness(grid.fineness)
     , m_visibleCentre((grid.visible.left() + grid.visible.right() + 1) * 0.5)
 {
     const int last = samples.count();
@@ -102,8 +110,8 @@ void StripGeometry::chooseScale(const PixelGrid& grid)
     m_rawZero = m_view.scaleMin * m_view.calibFactor + m_view.calibOffset;
     const double rawRange = (m_view.scaleMax - m_view.scaleMin) * m_view.calibFactor;
     m_rowsPerUnit = m_height / rawRange;
-    m_isSteady = std::abs(m_rawZero) < HugeNumber && std::abs(rawRange) < HugeNumber &&
-                 std::isnormal(m_rowsPerUnit);
+    m_isSteady =
+        std::abs(m_rawZero) < HugeNumber && std::abs(rawRange) < HugeNumber && std::isnormal(m_rowsPerUnit);
     m_top = grid.rect.top();
     m_bottom = grid.rect.bottom();
     m_highest = std::round(m_top);
@@ -115,14 +123,6 @@ double StripGeometry::x(int sample) const
 {
     const double time = m_view.timeOffset + sample * m_view.timePerSample;
     return std::clamp(m_left + (time - m_startTime) * m_pixelsPerSecond, -FarAside, FarAside);
-}
-
-double StripGeometry::y(double raw) const
-{
-    const double place = m_isSteady ? m_zero + (raw - m_rawZero) * m_rowsPerUnit : farPlace(raw);
-    if (place >= m_top - Slack && place <= m_bottom + Slack)
-        return std::clamp(place, m_highest, m_lowest);
-    return std::clamp(place, -FarOff, FarOff);
 }
 
 double StripGeometry::farPlace(double raw) const

@@ -5,6 +5,8 @@
 #include <QRect>
 #include <QTransform>
 
+#include <algorithm>
+
 class QPainter;
 
 /// The pixels that a view is drawn on.
@@ -20,8 +22,11 @@ struct PixelGrid
     bool mirroredY = false;
     bool raster = false; ///< whether the device itself has pixels
     double scale = 1.0;  ///< pixels per unit of the painter
+    int fineness = 1;    ///< columns in one of the device
 
     PixelGrid(const QPainter& painter, const QRectF& viewRect);
+    /// A grid whose pixels are so many times as fine in both directions.
+    PixelGrid finer(int times) const;
 };
 
 /// Where the samples of a view stand on the pixels.
@@ -38,6 +43,8 @@ public:
     bool isUsable() const { return m_usable; }
     /// Pixels that may be lit or whose lighting may reach visible ones.
     const QRect& canvas() const { return m_canvas; }
+    /// Columns in one of the device.
+    int fineness() const { return m_fineness; }
     /// Whether what stands left is to be drawn right.
     bool isMirrored() const { return m_mirrored; }
     /// x of the mirrored picture of a place at `x`.
@@ -49,7 +56,13 @@ public:
     double x(int sample) const;
     /// Of a finite raw value; within a billion pixels of the origin. A value within the scale lies on a
     /// visible row.
-    double y(double raw) const;
+    double y(double raw) const
+    {
+        const double place = m_isSteady ? m_zero + (raw - m_rawZero) * m_rowsPerUnit : farPlace(raw);
+        if (place >= m_top - Slack && place <= m_bottom + Slack)
+            return std::clamp(place, m_highest, m_lowest);
+        return std::clamp(place, -FarOff, FarOff);
+    }
     /// The first sample from `x` on; end of the samples if there is none.
     int firstFrom(double x) const;
     /// Pixels for a step of one raw unit; 0 if numbers are so huge that it cannot be told.
@@ -58,12 +71,18 @@ public:
     double rawAt(double y) const;
 
 private:
+    /// Farther off no slope changes by what can be seen.
+    static constexpr double FarOff = 1e9;
+    /// Pixels by which rounding may move a value that is one of the scale's ends.
+    static constexpr double Slack = 1.0 / 1024;
+
     void chooseTimes(const PixelGrid& grid);
     void chooseScale(const PixelGrid& grid);
     double farPlace(double raw) const;
 
     StripView m_view;
     QRect m_canvas;
+    int m_fineness;
     bool m_usable = false;
     bool m_mirrored = false;
     double m_visibleCentre = 0.0;

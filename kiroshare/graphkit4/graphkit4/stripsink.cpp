@@ -193,6 +193,60 @@ void PolylineSink::endLine()
     m_line.clear();
 }
 
+SteepFilter::SteepFilter(StripSink& gentle, StripSink& steep, double scale)
+    : m_gentle(gentle)
+    , m_steep(steep)
+    , m_scale(scale)
+{
+}
+
+void SteepFilter::lineTo(double x, double y)
+{
+    const QPointF next(x, y);
+    if (m_drawing) {
+        const bool isSteep = std::abs(y - m_last.y()) > GreatestSlope * (x - m_last.x());
+        StripSink* sink = isSteep ? &m_steep : &m_gentle;
+        if (sink != m_current) {
+            endLine();
+            m_current = sink;
+            handOn(m_last);
+        }
+        handOn(next);
+    }
+    m_drawing = true;
+    m_last = next;
+}
+
+void SteepFilter::bar(double x, double high, double low)
+{
+    const bool highFirst = !m_drawing || std::abs(m_last.y() - high) <= std::abs(m_last.y() - low);
+    lineTo(x, highFirst ? high : low);
+    lineTo(x, highFirst ? low : high);
+}
+
+void SteepFilter::gap()
+{
+    if (m_drawing && !m_current) {
+        m_current = &m_gentle;
+        handOn(m_last);
+    }
+    endLine();
+    m_drawing = false;
+}
+
+void SteepFilter::handOn(const QPointF& point)
+{
+    const double scale = m_current == &m_steep ? m_scale : 1.0;
+    m_current->lineTo(point.x() * scale, point.y() * scale);
+}
+
+void SteepFilter::endLine()
+{
+    if (m_current)
+        m_current->gap();
+    m_current = nullptr;
+}
+
 ToleranceFilter::ToleranceFilter(StripSink& target, double tolerance)
     : m_target(target)
     , m_tolerance(tolerance)

@@ -34,8 +34,6 @@ public:
     void bar(double x, double high, double low) override;
     void gap() override;
     bool covers(double x, double high, double low) const override;
-    /// Lights the row of a single point.
-    void point(double x, double y);
     /// What has been lit; complete after a gap().
     const std::vector<ColumnSpan>& spans() const { return m_list.spans(); }
 
@@ -83,6 +81,34 @@ private:
     QPolygonF m_line;
     bool m_drawing = false;
     int m_samples = 0; ///< since the last gap
+    QPointF m_last;
+};
+
+/// Parts a curve into its gentle and its steep lines.
+///
+/// The edges of a smooth line are blurred by up to a pixel across, and in steep lines that is many rows.
+class SteepFilter final : public StripSink
+{
+public:
+    /// Rows a column; a line is steep above.
+    static constexpr double GreatestSlope = 3.0;
+
+    /// The places of steep lines are multiplied by `scale`.
+    SteepFilter(StripSink& gentle, StripSink& steep, double scale);
+
+    void lineTo(double x, double y) override;
+    void bar(double x, double high, double low) override;
+    void gap() override;
+
+private:
+    void handOn(const QPointF& point);
+    void endLine();
+
+    StripSink& m_gentle;
+    StripSink& m_steep;
+    double m_scale;
+    bool m_drawing = false;
+    StripSink* m_current = nullptr; ///< the one that got the last line; null if there is none
     QPointF m_last;
 };
 

@@ -6,17 +6,25 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace
 {
 
 /// Up to so many samples a column each of them is looked at.
 constexpr int SamplesPerColumn = 2;
+/// The samples of so many columns ahead are fetched from memory.
+constexpr std::size_t ColumnsAhead = 6;
 /// So many samples of a column with gaps are looked at one by one.
 constexpr int GapBudget = 1024;
-/// Columns begin with a block where that moves their edge by no more than this part of a pixel, so that no
-/// sample in the depth of the memory has to be looked at.
-constexpr double EdgePart = 1.0 / 16;
+/// Of so many samples a pixel, a block is no more than a 256th of one: places are taken to the next block, so
+/// that no single sample has to be fetched from memory.
+constexpr int DensePixel = 256 * SampleStore::BlockSize;
+
+int denseColumn(const StripGeometry& geometry)
+{
+    return DensePixel / geometry.fineness();
+}
 
 /// Hands stretches of samples to a sink; a stretch that is taken together lies in one column.
 class StripTracer
@@ -26,11 +34,13 @@ public:
         : m_samples(samples)
         , m_geometry(geometry)
         , m_sink(sink)
+        , m_dense(denseColumn(geometry))
     {
     }
 
     void each(int first, int end)
     {
+        m_passed = Heights();
         for (int i = first; i < end; ++i) {
             const double raw = m_samples.value(i);
             if (std::isfinite(raw))
@@ -57,10 +67,11 @@ public:
     }
 
 private:
+    /// Of none unless set: they have none in common with others.
     struct Heights
     {
-        double high = 0.0;
-        double low = 0.0;
+        double high = std::numeric_limits<double>::infinity();
+        double low = -std::numeric_limits<double>::infinity();
     };
 
     bool heights(int first, int end, Heights& found) const
@@ -72,16 +83,6 @@ private:
         const double other = m_geometry.y(extremes.greatest);
         found = {std::min(one, other), std::max(one, other)};
         return true;
-    }
-
-    /// Of a finite sample; the last one is remembered, since columns may share one.
-    double height(int sample)
-    {
-        if (sample != m_known) {
-            m_known = sample;
-            m_knownHeight = m_geometry.y(m_samples.value(sample));
-        }
-        return m_knownHeight;
     }
 
     double x(int sample) const { return std::clamp(m_geometry.x(sample), m_left, m_right); }
@@ -102,12 +103,32 @@ private:
         Heights all;
         if (!heights(first, end, all))
             return;
-        const double begin = height(first);
-        const double last = height(end - 1);
+        if (end - first >= m_dense) {
+            dense(first, end, all);
+            return;
+        }
+        m_passed = Heights();
+        const double begin = m_geometry.y(m_samples.value(first));
+        const double last = m_geometry.y(m_samples.value(end - 1));
         m_sink.lineTo(x(first), begin);
         if (all.high < std::min(begin, last) || all.low > std::max(begin, last))
             m_sink.bar(middle(first, end), all.high, all.low);
         m_sink.lineTo(x(end - 1), last);
+    }
+
+    /// The curve comes from heights that it has passed before, so that where it enters does not matter unless
+    /// the two stretches have none in common: then any sample of the first block does for the first one.
+    void dense(int first, int end, const Heights& all)
+    {
+        double begin = std::clamp(m_last, all.high, all.low);
+        Extremes block;
+        const bool meet = all.high <= m_passed.low && all.low >= m_passed.high;
+        if (!meet && m_samples.extremes(first, SampleStore::BlockSize, block))
+            begin = m_geometry.y(block.least);
+        m_sink.lineTo(x(first), begin);
+        m_sink.bar(middle(first, end), all.high, all.low);
+        m_last = begin;
+        m_passed = all;
     }
 
     /// A stretch with gaps. Parts that would light nothing new are passed over, and beyond the budget the
@@ -140,11 +161,12 @@ private:
     const SampleStore& m_samples;
     const StripGeometry& m_geometry;
     StripSink& m_sink;
+    int m_dense; ///< so many samples make a stretch dense
     double m_left = -std::numeric_limits<double>::infinity();
     double m_right = std::numeric_limits<double>::infinity();
     int m_budget = 0;
-    int m_known = -1;
-    double m_knownHeight = 0.0;
+    Heights m_passed;    ///< of the stretch before if it is dense too
+    double m_last = 0.0; ///< where that one began
 };
 
 /// Samples whose multiples may stand for the first sample of a column.
@@ -152,22 +174,32 @@ int edgeUnit(const StripGeometry& geometry)
 {
     const QRect& canvas = geometry.canvas();
     const double samplesPerColumn = double(geometry.end() - geometry.first()) / canvas.width();
-    return samplesPerColumn * EdgePart < SampleStore::BlockSize ? 1 : SampleStore::BlockSize;
+    return samplesPerColumn < denseColumn(geometry) ? 1 : SampleStore::BlockSize;
+}
+
+/// The first sample of each column of the canvas and the end of the last one's.
+std::vector<int> columnEdges(const StripGeometry& geometry)
+{
+    const QRect& canvas = geometry.canvas();
+    const int unit = edgeUnit(geometry);
+    std::vector<int> edges{geometry.firstFrom(canvas.left())};
+    for (int column = canvas.left(); column <= canvas.right() && edges.back() < geometry.end(); ++column) {
+        const int exact = geometry.firstFrom(column + 1);
+        edges.push_back(exact < geometry.end() ? std::max(edges.back(), exact - exact % unit) : exact);
+    }
+    return edges;
 }
 
 /// Calls `function(column, first, end)` for the samples of each column of the canvas that has any.
 template <class Function>
-void forEachColumn(const StripGeometry& geometry, Function function)
+void forEachColumn(const SampleStore& samples, const StripGeometry& geometry, Function function)
 {
-    const QRect& canvas = geometry.canvas();
-    const int unit = edgeUnit(geometry);
-    int first = geometry.firstFrom(canvas.left());
-    for (int column = canvas.left(); column <= canvas.right() && first < geometry.end(); ++column) {
-        const int exact = geometry.firstFrom(column + 1);
-        const int end = exact < geometry.end() ? std::max(first, exact - exact % unit) : exact;
-        if (end > first)
-            function(column, first, end);
-        first = end;
+    const std::vector<int> edges = columnEdges(geometry);
+    for (std::size_t i = 0; i + 1 < edges.size(); ++i) {
+        if (i + ColumnsAhead < edges.size())
+            samples.prefetch(edges[i + ColumnsAhead]);
+        if (edges[i + 1] > edges[i])
+            function(geometry.canvas().left() + int(i), edges[i], edges[i + 1]);
     }
 }
 
@@ -181,7 +213,8 @@ void traceStrip(const SampleStore& samples, const StripGeometry& geometry, Strip
         tracer.each(geometry.first(), geometry.end());
     } else {
         tracer.each(geometry.first(), geometry.firstFrom(canvas.left()));
-        forEachColumn(geometry, [&](int column, int first, int end) { tracer.column(column, first, end); });
+        forEachColumn(samples, geometry,
+                      [&](int column, int first, int end) { tracer.column(column, first, end); });
         tracer.beside();
         tracer.each(geometry.firstFrom(canvas.right() + 1), geometry.end());
     }
@@ -192,6 +225,7 @@ std::vector<ColumnSpan> traceStripPoints(const SampleStore& samples, const Strip
 {
     SpanList lit;
     PointRows rows(samples, geometry);
-    forEachColumn(geometry, [&](int column, int first, int end) { rows.add(column, first, end, lit); });
+    forEachColumn(samples, geometry,
+                  [&](int column, int first, int end) { rows.add(column, first, end, lit); });
     return lit.spans();
 }

@@ -8,6 +8,6 @@
 /// gap(). Its cost depends on the columns.
 void traceStrip(const SampleStore& samples, const StripGeometry& geometry, StripSink& sink);
 
-/// The pixels that the samples themselves stand on. Where a column holds thousands of samples of more heights
-/// than blocks of them can tell apart, rows that very few of them hit may be missing.
+/// The pixels that the samples themselves stand on, to within one; its cost depends on the columns. Where a
+/// column holds hundreds of samples, those of a row that very few of them stand on may be missed.
 std::vector<ColumnSpan> traceStripPoints(const SampleStore& samples, const StripGeometry& geometry);
