@@ -33,16 +33,21 @@ constexpr NamedAxis TwoEyesNames[] = {
     {"left eye - vertical", EyeAxis::LeftVertical},
 };
 
+enum class NameMatch { Whole, Beginning };
+
 /// The first signal of each name.
 template <std::size_t Count>
-EyeSignals findByNames(const KiroHeader& header, const NamedAxis (&names)[Count])
+EyeSignals findByNames(const KiroHeader& header, const NamedAxis (&names)[Count],
+                       NameMatch match = NameMatch::Whole)
 {
     EyeSignals found;
     for (int i = 0; i < header.signalCount(); ++i) {
         const QString name =
             header.signalTable()[static_cast<std::size_t>(i)].fullName.toQString().simplified();
         for (const NamedAxis& known : names) {
-            if (name == QLatin1String(known.name) && !found[known.axis].isSet())
+            const QLatin1String knownName(known.name);
+            const bool matches = match == NameMatch::Whole ? name == knownName : name.startsWith(knownName);
+            if (matches && !found[known.axis].isSet())
                 found[known.axis].signalIndex = i;
         }
     }
@@ -224,6 +229,16 @@ EyeSignals findEyeSignals(const KiroHeader& header)
 {
     const EyeSignals oneEye = findByNames(header, OneEyeNames);
     return oneEye[EyeAxis::RightHorizontal].isSet() ? oneEye : findByNames(header, TwoEyesNames);
+}
+
+EyeSignals suggestEyeSignals(const KiroHeader& header)
+{
+    const EyeSignals found = findEyeSignals(header);
+    if (found[EyeAxis::RightHorizontal].isSet())
+        return found;
+    const EyeSignals oneEye = findByNames(header, OneEyeNames, NameMatch::Beginning);
+    return oneEye[EyeAxis::RightHorizontal].isSet() ? oneEye
+                                                    : findByNames(header, TwoEyesNames, NameMatch::Beginning);
 }
 
 std::optional<EyeSignals> chooseEyeSignals(const KiroHeader& header)

@@ -57,6 +57,10 @@ struct EyeSignals
 /// Names are compared with case, with runs of white space as one blank.
 EyeSignals findEyeSignals(const KiroHeader& header);
 
+/// findEyeSignals(), or if it finds none the first signals whose names begin like those of eye movements: a
+/// proposal for the user, who has to confirm it.
+EyeSignals suggestEyeSignals(const KiroHeader& header);
+
 /// findEyeSignals(), or the only signal of a recording as the right horizontal one. No value if there is
 /// more than one signal and none is the right horizontal one: the user has to choose.
 std::optional<EyeSignals> chooseEyeSignals(const KiroHeader& header);

@@ -18,6 +18,57 @@
 
 #include <sys/stat.h>
 
+/// The bytes of a saccade file, read forward. They may end before what is asked for.
+class SaccSource
+{
+public:
+    /// Reads a file, which open() opens.
+    explicit SaccSource(const KiroString& path)
+        : m_path(path)
+    {
+    }
+    /// Reads memory, which must outlive this object.
+    explicit SaccSource(const std::string& bytes)
+        : m_memory(bytes.data())
+        , m_size(static_cast<std::int64_t>(bytes.size()))
+        , m_left(m_size)
+    {
+    }
+    /// False if the file cannot be opened.
+    bool open()
+    {
+        if (m_memory)
+            return true;
+        const bool opened = m_file.open(m_path, KiroFile::Read);
+        m_size = m_left = m_file.size();
+        return opened;
+    }
+    /// Empty for memory.
+    const KiroString& path() const { return m_path; }
+    std::int64_t size() const { return m_size; }
+    bool hasFailed() const { return m_failed; }
+
+    /// Reads up to `count` bytes and returns how many were left.
+    std::int64_t read(char* bytes, std::int64_t count)
+    {
+        const auto piece = static_cast<std::int32_t>(std::min(count, m_left));
+        if (m_memory)
+            std::memcpy(bytes, m_memory + (m_size - m_left), static_cast<std::size_t>(piece));
+        else
+            m_failed = m_failed || m_file.readRaw(bytes, piece) != piece;
+        m_left -= piece;
+        return m_failed ? 0 : piece;
+    }
+
+private:
+    KiroString m_path;
+    KiroFile m_file;
+    const char* m_memory = nullptr;
+    std::int64_t m_size = 0;
+    std::int64_t m_left = 0;
+    bool m_failed = false;
+};
+
 namespace
 {
 
@@ -323,42 +374,10 @@ Conversion convertHeader(Parts<KiroSaccHeader>& parts)
     return conversion;
 }
 
-/// A file that is read forward and may end before what is asked for.
-class Source
-{
-public:
-    /// False if the file cannot be opened.
-    bool open(const KiroString& path)
-    {
-        const bool opened = m_file.open(path, KiroFile::Read);
-        m_size = m_left = m_file.size();
-        return opened;
-    }
-    std::int64_t size() const { return m_size; }
-    /// Bytes that are still to be read.
-    std::int64_t left() const { return m_left; }
-    bool hasFailed() const { return m_failed; }
-
-    /// Reads up to `count` bytes and returns how many were left.
-    std::int64_t read(char* bytes, std::int64_t count)
-    {
-        const auto piece = static_cast<std::int32_t>(std::min(count, m_left));
-        m_failed = m_failed || m_file.readRaw(bytes, piece) != piece;
-        m_left -= piece;
-        return m_failed ? 0 : piece;
-    }
-
-private:
-    KiroFile m_file;
-    std::int64_t m_size = 0;
-    std::int64_t m_left = 0;
-    bool m_failed = false;
-};
-
 /// Appends `count` records of `size` bytes to `records`; `read(bytes, record)` takes one from memory. Numbers
 /// that the file does not hold whole are read as zeros. `format` is that of a record or of its parts.
 template <class Format, class Record, class Read>
-void readRecords(Source& source, std::uint32_t count, std::uint32_t size, const Format& format,
+void readRecords(SaccSource& source, std::uint32_t count, std::uint32_t size, const Format& format,
                  std::vector<Record>& records, Read&& read)
 {
     const std::int64_t inBlock = BlockSize / size;
@@ -377,7 +396,8 @@ void readRecords(Source& source, std::uint32_t count, std::uint32_t size, const 
     }
 }
 
-void readSaccades(Source& source, std::uint32_t count, const Conversion& conversion, KiroSaccHeader& header)
+void readSaccades(SaccSource& source, std::uint32_t count, const Conversion& conversion,
+                  KiroSaccHeader& header)
 {
     const std::uint32_t version = header.version;
     const SaccRecords<KiroSaccadeEye> blocks(SaccLayout::BlockRows, version);
@@ -393,7 +413,7 @@ void readSaccades(Source& source, std::uint32_t count, const Conversion& convers
     readRecords(source, count, SaccLayout::saccadeSize(version), blocks, header.saccades, read);
 }
 
-void readBlinks(Source& source, std::uint32_t count, KiroSaccHeader& header)
+void readBlinks(SaccSource& source, std::uint32_t count, KiroSaccHeader& header)
 {
     if (count == 0)
         return;
@@ -403,7 +423,7 @@ void readBlinks(Source& source, std::uint32_t count, KiroSaccHeader& header)
 }
 
 template <class Rows>
-void readRows(Source& source, const Rows& rows, std::uint32_t version, Parts<KiroSaccHeader>& parts)
+void readRows(SaccSource& source, const Rows& rows, std::uint32_t version, Parts<KiroSaccHeader>& parts)
 {
     std::vector<char> bytes(SaccLayout::sizeOf(rows, version));
     const std::int64_t count = source.read(bytes.data(), static_cast<std::int64_t>(bytes.size()));
@@ -457,10 +477,22 @@ void KiroSaccHeader::clear()
 
 bool KiroSaccHeader::load(const KiroString& path)
 {
+    SaccSource source(path);
+    return readAnew(source);
+}
+
+bool KiroSaccHeader::fromBytes(const std::string& bytes)
+{
+    SaccSource source(bytes);
+    return readAnew(source);
+}
+
+bool KiroSaccHeader::readAnew(SaccSource& source)
+{
     error.clear();
     KiroSaccHeader fresh;
     try {
-        const KiroString problem = fresh.read(path);
+        const KiroString problem = fresh.read(source);
         if (!problem.isEmpty())
             return fail(problem);
     } catch (const std::bad_alloc&) {
@@ -470,15 +502,14 @@ bool KiroSaccHeader::load(const KiroString& path)
     return true;
 }
 
-KiroString KiroSaccHeader::read(const KiroString& path)
+KiroString KiroSaccHeader::read(SaccSource& source)
 {
-    Source source;
-    if (!source.open(path))
-        return loadText("can't open file (%1)").arg(path);
+    if (!source.open())
+        return loadText("can't open file (%1)").arg(source.path());
     Parts<KiroSaccHeader> parts{*this};
     readRows(source, SaccLayout::StartRows, SaccLayout::Last, parts);
     if (source.hasFailed())
-        return loadText("can't read file (%1)").arg(path);
+        return loadText("can't read file (%1)").arg(source.path());
     KiroString problem = startProblem(parts);
     if (!problem.isEmpty())
         return problem;
@@ -494,8 +525,8 @@ KiroString KiroSaccHeader::read(const KiroString& path)
     readSaccades(source, parts.saccadeCount, conversion, *this);
     readBlinks(source, parts.blinkCount, *this);
     if (source.hasFailed())
-        return loadText("can't read file (%1)").arg(path);
-    fileName = path;
+        return loadText("can't read file (%1)").arg(source.path());
+    fileName = source.path();
     version = CurrentVersion;
     return {};
 }

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+class SaccSource;
+
 /// A signal that a detection used, with its calibration: physical value = (raw - offset) / factor.
 struct KiroSaccSignal
 {
@@ -67,6 +69,8 @@ public:
     /// A file that ends early is no failure: numbers that are missing, whole or in part, are 0. The missing
     /// calls below then tell how much that was.
     bool load(const KiroString& path);
+    /// load() from the bytes of a file; `fileName` is empty afterwards.
+    bool fromBytes(const std::string& bytes);
     /// saveAs() to `fileName`; false if that is empty.
     bool save();
     /// Replaces the file at `path` whole, or on failure leaves it as it was. Texts are cut to 4095 bytes, the
@@ -99,7 +103,8 @@ public:
 
 private:
     static KiroSaccSignal KiroSaccHeader::*slot(std::int32_t role);
-    KiroString read(const KiroString& path);
+    bool readAnew(SaccSource& source);
+    KiroString read(SaccSource& source);
     bool checkCounts(std::int64_t saccadeCount, std::int64_t blinkCount, std::int64_t fileSize);
     bool fail(const KiroString& text);
 

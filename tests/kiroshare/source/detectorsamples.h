@@ -1,12 +1,23 @@
 #pragma once
 
 #include "detectionparams.h"
+#include "kirosaccade.h"
 
 #include <cstddef>
 #include <random>
 #include <vector>
 
-/// Eye positions for tests of the detectors, in degrees at 1000 Hz.
+/// A saccade of which only the place is known, both ends included.
+inline KiroSaccade between(int start, int end)
+{
+    KiroSaccade saccade;
+    saccade.main.start = start;
+    saccade.main.end = end;
+    saccade.main.duration = end - start + 1;
+    return saccade;
+}
+
+// Eye positions for tests of the detectors, in degrees at 1000 Hz.
 
 /// `count` samples at `level`.
 inline std::vector<double> flat(std::size_t count, double level = 0.0)

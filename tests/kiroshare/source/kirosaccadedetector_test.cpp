@@ -84,15 +84,6 @@ std::vector<double> rampOfTenDegrees()
     return position;
 }
 
-KiroSaccade between(int start, int end)
-{
-    KiroSaccade saccade;
-    saccade.main.start = start;
-    saccade.main.end = end;
-    saccade.main.duration = end - start + 1;
-    return saccade;
-}
-
 KiroBlink blinkBetween(int start, int end)
 {
     KiroBlink blink;

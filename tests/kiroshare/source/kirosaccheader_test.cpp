@@ -318,6 +318,43 @@ TEST(KiroSaccHeader, WhatWasSavedIsLoadedTheSame)
     EXPECT_TRUE(loaded.saccades[1].valid);
 }
 
+TEST(KiroSaccHeader, BytesAreReadAsTheFileOfThemIs)
+{
+    const TestFolder folder;
+    const std::string cut = someBytes().substr(0, 16541 + 324 + 50);
+    SaccFields old;
+    old.version = 6;
+    old.saccadeCount = 1;
+    old.records = OldSaccadeFields().bytes(6);
+    for (const std::string& bytes : {someBytes(), cut, SaccFields().bytes(), old.bytes()}) {
+        KiroSaccHeader loaded;
+        ASSERT_TRUE(loaded.load(folder.write(QStringLiteral("a.sacc"), bytes)));
+        KiroSaccHeader header;
+        header.fileName = "old";
+        header.error = "old";
+        ASSERT_TRUE(header.fromBytes(bytes));
+        EXPECT_EQ(header.fileName, "");
+        loaded.fileName.clear();
+        EXPECT_EQ(described(header), described(loaded));
+        EXPECT_EQ(header.toBytes(), loaded.toBytes());
+    }
+}
+
+TEST(KiroSaccHeader, BytesThatAreRefusedChangeNothing)
+{
+    SaccFields tooMany;
+    tooMany.saccadeCount = 4000000;
+    for (const std::string& bytes : {std::string(), std::string("no saccades"), tooMany.bytes()}) {
+        KiroSaccHeader header = someHeader();
+        EXPECT_FALSE(header.fromBytes(bytes));
+        EXPECT_TRUE(header.error.startsWith("KiroSaccHeader::load(const KiroString&) - "))
+            << header.error.bytes();
+        header.error.clear();
+        EXPECT_EQ(described(header), described(someHeader()));
+        EXPECT_EQ(header.toBytes(), someBytes());
+    }
+}
+
 TEST(KiroSaccHeader, SaveReplacesTheLoadedFile)
 {
     const TestFolder folder;

@@ -1,5 +1,6 @@
 #include "saccadescan.h"
 
+#include "detectorsamples.h"
 #include "eyetrace.h"
 
 #include <gtest/gtest.h>
@@ -61,15 +62,6 @@ std::vector<int> peaksOf(HandMadeTrace& trace, const SaccadeDetectionParams para
     for (const KiroSaccade& saccade : scan(trace, params, true))
         peaks.push_back(saccade.main.start);
     return peaks;
-}
-
-KiroSaccade between(int start, int end)
-{
-    KiroSaccade saccade;
-    saccade.main.start = start;
-    saccade.main.end = end;
-    saccade.main.duration = end - start + 1;
-    return saccade;
 }
 
 std::vector<int> starts(const std::vector<KiroSaccade>& saccades)
