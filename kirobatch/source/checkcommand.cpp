@@ -2,6 +2,7 @@
 
 #include "commandline.h"
 #include "kiroreader.h"
+#include "numbertext.h"
 #include "openrecording.h"
 #include "output.h"
 #include "recordingcheck.h"
@@ -68,11 +69,6 @@ std::string asJson(const CheckResult& result)
     for (const CheckFinding& finding : result.findings)
         array.append(asJson(finding));
     return QJsonDocument(array).toJson().toStdString();
-}
-
-std::string counted(int count, const char* what)
-{
-    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
 }
 
 Outcome verdict(const KiroString& path, const CheckResult& result)

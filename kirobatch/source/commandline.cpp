@@ -41,7 +41,9 @@ CommandLine::CommandLine(const std::string& command, const std::string& summary,
     , m_fileKind(fileKind)
 {
     m_parser.setApplicationDescription(QString::fromStdString(summary + "\n\n" + details));
-    m_parser.addPositionalArgument(QStringLiteral("FILE"), QString::fromStdString("The " + fileKind + "."));
+    if (!fileKind.empty())
+        m_parser.addPositionalArgument(QStringLiteral("FILE"),
+                                       QString::fromStdString("The " + fileKind + "."));
     m_parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Prints this help.")});
 }
 
@@ -69,13 +71,26 @@ std::optional<Outcome> CommandLine::parse(const QStringList& arguments)
     return std::nullopt;
 }
 
-std::optional<std::string> CommandLine::usageError() const
+std::optional<std::string> CommandLine::fileError() const
 {
     const QStringList files = m_parser.positionalArguments();
+    if (m_fileKind.empty()) {
+        if (files.isEmpty())
+            return std::nullopt;
+        return '\'' + argumentBytes(files.first()) + "' is one argument too many: " + m_command +
+               " reads no FILE, and takes options only.";
+    }
     if (files.isEmpty() || files.first().isEmpty())
         return "the FILE is missing: give the path of a " + m_fileKind + ".";
     if (files.size() > 1)
         return "one FILE is read at a time, and '" + argumentBytes(files[1]) + "' is one argument too many.";
+    return std::nullopt;
+}
+
+std::optional<std::string> CommandLine::usageError() const
+{
+    if (const auto error = fileError())
+        return error;
     for (const QString& option : m_valueOptions) {
         if (m_parser.values(option).size() > 1)
             return (option.size() > 1 ? "option --" : "option -") + option.toStdString() +

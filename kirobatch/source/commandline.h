@@ -22,10 +22,13 @@ Outcome wrongUsage(const std::string& text, const std::string& command = {});
 /// A number of decimal digits only, at most 2^63 - 1. No value for any other text.
 std::optional<std::int64_t> parseNumber(const std::string& text);
 
-/// The arguments of one command: its options, and one FILE. Knows --help.
+/// The arguments of one command: its options, and for most commands one FILE. Knows --help.
 class CommandLine
 {
 public:
+    /// In place of the kind of FILE, for a command that takes options only.
+    static constexpr const char* NoFile = "";
+
     /// `summary` is the first line of the help, `details` what stands below it; `fileKind` says what FILE
     /// is, such as "recording (.kiro)".
     CommandLine(const std::string& command, const std::string& summary, const std::string& details,
@@ -38,7 +41,7 @@ public:
     /// printed or the usage is wrong.
     std::optional<Outcome> parse(const QStringList& arguments);
 
-    /// Of the last parse().
+    /// Of the last parse(). Empty if the command takes no FILE.
     KiroString file() const;
     bool isSet(const char* option) const;
     /// Bytes of the option's value, empty if it is not set.
@@ -48,6 +51,7 @@ public:
 
 private:
     std::optional<std::string> usageError() const;
+    std::optional<std::string> fileError() const;
     Outcome printHelp() const;
 
     std::string m_command;

@@ -11,6 +11,7 @@
 #include "numbertext.h"
 #include "openrecording.h"
 #include "output.h"
+#include "outputchoice.h"
 #include "saccjson.h"
 #include "texttable.h"
 
@@ -44,6 +45,10 @@ constexpr const char* FactorDescription =
 constexpr const char* AmplitudeDescription = "The greatest amplitude that is accepted, in degrees. It is not "
                                              "read back from profiles of version 8, with "
                                              "which no saccade is accepted without this option.";
+
+constexpr const char* IfPossibleDescription =
+    "Detects nothing, and says why on standard error, if a signal cannot be told or is not calibrated. The "
+    "exit status is 0 then, and OUT is not touched. For scripts that take any recording.";
 
 constexpr const char* JsonDescription =
     "Prints all that was found as JSON, one record a line. Texts are given byte for byte, each byte as the "
@@ -100,26 +105,12 @@ Problem readType(const CommandLine& line, int& detectionType)
     return "--type takes auto, one, monocular or binocular, not '" + printable(text) + "'.";
 }
 
-Problem readOutput(const CommandLine& line, DetectOptions& options)
-{
-    const QFileInfo recording(options.recording.toQString());
-    options.output =
-        recording.path() + QLatin1Char('/') + recording.completeBaseName() + QLatin1String(".sacc");
-    if (line.isSet("o"))
-        options.output = KiroString::fromBytes(line.value("o")).toQString();
-    if (options.output.isEmpty())
-        return "the output is empty: give the path of a saccade file (.sacc) with -o.";
-    const QString place = QFileInfo(options.output).canonicalFilePath();
-    if (!place.isEmpty() && place == recording.canonicalFilePath())
-        return "the output would replace FILE itself: give another path with -o.";
-    return std::nullopt;
-}
-
 Problem readOptions(const CommandLine& line, DetectOptions& options)
 {
     options.recording = line.file();
     options.settings.blinksHorizontal = line.isSet("blinks-horizontal");
-    if (const Problem problem = readOutput(line, options))
+    if (const Problem problem =
+            chooseOutput(line, besideFile(line, ".sacc"), "saccade file (.sacc)", options.output))
         return problem;
     if (const Problem problem = readType(line, options.detectionType))
         return problem;
@@ -162,13 +153,18 @@ void warnOfOtherRates(const KiroReader& reader, const EyeSignals& eyes, double f
     }
 }
 
-std::string bytesOf(const QString& text)
+/// For a recording that lacks what a detection needs.
+Outcome notPossible(const CommandLine& line, const std::string& reason)
 {
-    return printable(text.toLocal8Bit().toStdString());
+    if (!line.isSet("if-possible"))
+        return Outcome::failed(reason);
+    printMessage(reason);
+    return Outcome::done();
 }
 
-Problem loadSamples(const KiroReader& reader, const DetectOptions& options, double frequency,
-                    EyeSignals& eyes)
+/// An outcome means that the samples could not be loaded.
+std::optional<Outcome> loadSamples(const CommandLine& line, const KiroReader& reader,
+                                   const DetectOptions& options, double frequency, EyeSignals& eyes)
 {
     std::string uncalibrated;
     EyeLoadOptions load;
@@ -182,10 +178,10 @@ Problem loadSamples(const KiroReader& reader, const DetectOptions& options, doub
     if (loadEyeSignals(reader.fileName(), reader.header(), load, eyes, error))
         return std::nullopt;
     if (!uncalibrated.empty() && !options.factor)
-        return "signal " + uncalibrated + " of " + quoted(reader.fileName()) +
-               " is not calibrated. Give --factor F, the raw units for one degree.";
-    return "cannot load the eye signals of " + quoted(reader.fileName()) + ": " + bytesOf(error) +
-           " 'kirobatch check' tells what is wrong with the file.";
+        return notPossible(line, "signal " + uncalibrated + " of " + quoted(reader.fileName()) +
+                                     " is not calibrated. Give --factor F, the raw units for one degree.");
+    return Outcome::failed("cannot load the eye signals of " + quoted(reader.fileName()) + ": " +
+                           printableBytes(error) + " 'kirobatch check' tells what is wrong with the file.");
 }
 
 /// As the file that is about to be written names the recording.
@@ -197,11 +193,6 @@ void nameRecording(KiroSaccHeader& header, const DetectOptions& options)
                         KiroString(folder.relativeFilePath(recording.absoluteFilePath())));
 }
 
-std::string counted(std::size_t count, const char* what)
-{
-    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
-}
-
 Outcome printResult(const KiroSaccHeader& header, const KiroString& path, bool json)
 {
     Output output;
@@ -210,8 +201,9 @@ Outcome printResult(const KiroSaccHeader& header, const KiroString& path, bool j
         return output.finish();
     }
     std::string type = KiroSaccHeader::detectionTypeName(header.detectionType).bytes();
-    output.write(quoted(path) + ": written, with " + counted(header.saccades.size(), "saccade") + " and " +
-                 counted(header.blinks.size(), "blink") + " (" + type + ", " +
+    output.write(quoted(path) + ": written, with " +
+                 counted(static_cast<std::int64_t>(header.saccades.size()), "saccade") + " and " +
+                 counted(static_cast<std::int64_t>(header.blinks.size()), "blink") + " (" + type + ", " +
                  generalText(header.frequency(), 6) + " Hz).\n");
     return output.finish();
 }
@@ -226,14 +218,15 @@ Outcome detect(const CommandLine& line, DetectOptions& options)
     if (reader.header().signalCount() == 0 || reader.header().frameCount() == 0)
         return Outcome::failed(quoted(options.recording) + " does not contain any data.");
     EyeSignals eyes;
-    if (const Problem problem = chooseEyes(line, reader, options.detectionType, eyes))
-        return Outcome::failed(*problem);
+    const EyeChoice choice = chooseEyes(line, reader, options.detectionType, eyes, error);
+    if (choice != EyeChoice::Chosen)
+        return choice == EyeChoice::NotTold ? notPossible(line, error) : Outcome::failed(error);
     const double frequency = reader.header().signalFrequency(eyes[EyeAxis::RightHorizontal].signalIndex);
     if (!std::isfinite(frequency) || frequency <= 0.0)
         return Outcome::failed("signal " + axisName(reader, eyes[EyeAxis::RightHorizontal]) + " of " +
                                quoted(options.recording) + " has no sampling rate.");
-    if (const Problem problem = loadSamples(reader, options, frequency, eyes))
-        return Outcome::failed(*problem);
+    if (const auto over = loadSamples(line, reader, options, frequency, eyes))
+        return *over;
     warnOfOtherRates(reader, eyes, frequency);
 
     const DetectedMovements found = runDetection(eyes.detectionType, frequency, options.settings, eyes);
@@ -262,6 +255,7 @@ Outcome runDetect(const QStringList& arguments)
     line.addOption("max-amplitude", "DEG", AmplitudeDescription);
     line.addOption("blink-params", "FILE.bdp", "Blink profile to detect with.");
     line.addFlag("blinks-horizontal", "Finds blinks in the horizontal signal instead of the vertical one.");
+    line.addFlag("if-possible", IfPossibleDescription);
     line.addFlag("json", JsonDescription);
     if (const auto over = line.parse(arguments))
         return *over;
@@ -280,8 +274,7 @@ Outcome runDetect(const QStringList& arguments)
         printMessage(
             "the greatest amplitude of the profile is read as 0, with which no saccade is accepted. Give "
             "--max-amplitude DEG.");
-    if (!line.isSet("force") && QFileInfo::exists(options.output))
-        return Outcome::failed(quoted(KiroString(options.output)) +
-                               " is there already. Give --force to replace it, or another path with -o.");
+    if (const Problem existing = keepsExisting(line, options.output))
+        return Outcome::failed(*existing);
     return detect(line, options);
 }

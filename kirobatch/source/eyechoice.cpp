@@ -11,8 +11,6 @@
 namespace
 {
 
-using Problem = std::optional<std::string>;
-
 struct AxisOption
 {
     const char* name;
@@ -33,19 +31,18 @@ const AxisOption& optionOf(EyeAxis axis)
 }
 
 /// Puts the signals that the user gave into their places.
-Problem applyOptions(const CommandLine& line, const KiroReader& reader, EyeSignals& eyes)
+bool applyOptions(const CommandLine& line, const KiroReader& reader, EyeSignals& eyes, std::string& error)
 {
     for (const EyeAxis axis : EyeAxes) {
         const char* const name = optionOf(axis).name;
         if (!line.isSet(name))
             continue;
-        std::string error;
         const std::optional<int> index = chooseSignal(reader, line.value(name), error);
         if (!index)
-            return error;
+            return false;
         eyes[axis].signalIndex = *index;
     }
-    return std::nullopt;
+    return true;
 }
 
 std::string missingSignal(const KiroReader& reader, EyeAxis axis)
@@ -73,20 +70,22 @@ void addEyeOptions(CommandLine& line)
         line.addOption(option.name, "SIGNAL", (std::string("The ") + option.what + '.').c_str());
 }
 
-std::optional<std::string> chooseEyes(const CommandLine& line, const KiroReader& reader, int detectionType,
-                                      EyeSignals& eyes)
+EyeChoice chooseEyes(const CommandLine& line, const KiroReader& reader, int detectionType, EyeSignals& eyes,
+                     std::string& error)
 {
     eyes = chooseEyeSignals(reader.header()).value_or(EyeSignals());
-    if (const Problem problem = applyOptions(line, reader, eyes))
-        return problem;
+    if (!applyOptions(line, reader, eyes, error))
+        return EyeChoice::Wrong;
     const int needed = neededCount(line, detectionType, eyes);
     int position = 0;
     for (const EyeAxis axis : EyeAxes) {
         const bool isNeeded = position++ < needed;
-        if (isNeeded && !eyes[axis].isSet())
-            return missingSignal(reader, axis);
+        if (isNeeded && !eyes[axis].isSet()) {
+            error = missingSignal(reader, axis);
+            return EyeChoice::NotTold;
+        }
         if (!isNeeded && detectionType != 0)
             eyes[axis] = EyeSignal();
     }
-    return std::nullopt;
+    return EyeChoice::Chosen;
 }

@@ -3,15 +3,14 @@
 #include "bdfimporter.h"
 #include "commandline.h"
 #include "diagnostics.h"
-#include "jobprogress.h"
 #include "kiroheader.h"
+#include "numbertext.h"
 #include "openrecording.h"
 #include "output.h"
+#include "outputchoice.h"
 #include "texttable.h"
+#include "untilinterrupted.h"
 
-#include <QFileInfo>
-
-#include <csignal>
 #include <limits>
 
 namespace
@@ -39,28 +38,6 @@ struct ImportOptions
     int first = 0;
     int last = -1;
     int sampleBytes = 0; ///< by the file
-    bool force = false;
-};
-
-/// Stops the work when the user does, so that no half file stays behind.
-class UntilInterrupted final : public JobProgress
-{
-public:
-    UntilInterrupted()
-    {
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-            // A caller such as nohup has good reasons.
-            if (std::signal(signal, [](int) { interrupted = 1; }) == SIG_IGN)
-                std::signal(signal, SIG_IGN);
-        }
-    }
-    void setRange(int, int) override {}
-    void setValue(int) override {}
-    void setText(const QString&) override {}
-    bool cancelled() override { return interrupted != 0; }
-
-private:
-    static inline volatile std::sig_atomic_t interrupted = 0;
 };
 
 /// A text of what is wrong with a record number, or none.
@@ -88,50 +65,25 @@ std::optional<std::string> readSampleBytes(const CommandLine& line, int& sampleB
     return std::nullopt;
 }
 
-/// Beside the source.
-QString defaultDestination(const QString& source)
-{
-    const QFileInfo info(source);
-    return info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String(".kiro");
-}
-
-std::optional<std::string> readPaths(const CommandLine& line, ImportOptions& options)
-{
-    options.source = line.file().toQString();
-    options.destination = defaultDestination(options.source);
-    if (line.isSet("o"))
-        options.destination = KiroString::fromBytes(line.value("o")).toQString();
-    if (options.destination.isEmpty())
-        return "the output is empty: give the path of a recording (.kiro) with -o.";
-    const QString place = QFileInfo(options.destination).canonicalFilePath();
-    if (!place.isEmpty() && place == QFileInfo(options.source).canonicalFilePath())
-        return "the output would replace FILE itself: give another path with -o.";
-    return std::nullopt;
-}
-
 /// A text of what is wrong with the options' values, or none.
 std::optional<std::string> readOptions(const CommandLine& line, ImportOptions& options)
 {
-    options.force = line.isSet("force");
+    options.source = line.file().toQString();
     if (const auto problem = readRecord(line, "first", options.first))
         return problem;
     if (const auto problem = readRecord(line, "last", options.last))
         return problem;
     if (const auto problem = readSampleBytes(line, options.sampleBytes))
         return problem;
-    return readPaths(line, options);
-}
-
-std::string bytesOf(const QString& text)
-{
-    return printable(text.toLocal8Bit().toStdString());
+    return chooseOutput(line, besideFile(line, ".kiro"), "recording (.kiro)", options.destination);
 }
 
 std::string cannotImport(const BdfImporter& importer, const ImportOptions& options)
 {
     const std::string start = "cannot import " + quoted(KiroString(options.source)) + ": ";
     return start +
-           (importer.wasCancelled() ? "interrupted, nothing was written" : bytesOf(importer.errorText())) +
+           (importer.wasCancelled() ? "interrupted, nothing was written"
+                                    : printableBytes(importer.errorText())) +
            '.';
 }
 
@@ -139,14 +91,9 @@ void printRemarks(const BdfImporter& importer)
 {
     for (const BdfRemark& remark : importer.remarks()) {
         const bool byWidth = remark.kind == BdfRemark::NoWidthText;
-        printMessage(bytesOf(remark.text) +
+        printMessage(printableBytes(remark.text) +
                      (byWidth ? " Give --sample-bytes 3 if they are 24-bit numbers." : ""));
     }
-}
-
-std::string counted(std::int64_t count, const char* what)
-{
-    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
 }
 
 Outcome printResult(const KiroString& recording)
@@ -180,13 +127,11 @@ Outcome runImport(const QStringList& arguments)
     importer.setSampleBytes(options.sampleBytes);
     if (!importer.load(options.source))
         return Outcome::failed(cannotImport(importer, options));
-    const KiroString recording(options.destination);
-    if (!options.force && QFileInfo::exists(options.destination))
-        return Outcome::failed(quoted(recording) +
-                               " is there already. Give --force to replace it, or another path with -o.");
+    if (const auto problem = keepsExisting(line, options.destination))
+        return Outcome::failed(*problem);
     UntilInterrupted progress;
     if (!importer.convert(options.destination, options.first, options.last, progress))
         return Outcome::failed(cannotImport(importer, options));
     printRemarks(importer);
-    return printResult(recording);
+    return printResult(KiroString(options.destination));
 }

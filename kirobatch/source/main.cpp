@@ -1,5 +1,6 @@
 #include "checkcommand.h"
 #include "commandline.h"
+#include "democommand.h"
 #include "detectcommand.h"
 #include "diagnostics.h"
 #include "dumpcommand.h"
@@ -26,8 +27,9 @@ struct Command
 };
 
 constexpr Command Commands[] = {
-    {"info", runInfo},   {"signals", runSignals}, {"dump", runDump},     {"import", runImport},
-    {"check", runCheck}, {"repair", runRepair},   {"detect", runDetect}, {"sacc", runSacc},
+    {"info", runInfo},     {"signals", runSignals}, {"dump", runDump},
+    {"import", runImport}, {"check", runCheck},     {"repair", runRepair},
+    {"detect", runDetect}, {"sacc", runSacc},       {"demo", runDemo},
 };
 
 constexpr const char* Description =
@@ -42,6 +44,7 @@ constexpr const char* Description =
     "  repair FILE   Puts the packet count right.\n"
     "  detect FILE   Finds saccades and blinks and writes a saccade file (.sacc).\n"
     "  sacc FILE     The saccades and blinks of a saccade file (.sacc).\n"
+    "  demo          Writes a recording for trying the program out.\n"
     "\n"
     "'kirobatch COMMAND --help' tells the options of a command.\n"
     "\n"
@@ -91,7 +94,7 @@ Outcome run(const QStringList& arguments)
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     if (!parser.parse(arguments))
         return wrongUsage(argumentBytes(parser.errorText()));
-    if (parser.isSet(help))
+    if (parser.isSet(help) || parser.positionalArguments() == QStringList{QStringLiteral("help")})
         return print(parser.helpText());
     if (parser.isSet(version))
         return print(QStringLiteral("kirobatch %1\n").arg(QLatin1String(kiroVersionText())));

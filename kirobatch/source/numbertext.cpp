@@ -59,3 +59,8 @@ std::string generalText(double number, int digits)
 {
     return formatted(number, std::chars_format::general, digits);
 }
+
+std::string counted(std::int64_t count, const char* noun)
+{
+    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}

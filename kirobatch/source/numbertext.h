@@ -20,6 +20,9 @@ std::string fixedText(double number, int decimals);
 /// `number` with at most `digits` digits, as printf's %g in the C locale.
 std::string generalText(double number, int digits);
 
+/// "1 packet", "2 packets".
+std::string counted(std::int64_t count, const char* noun);
+
 /// Appends a sample of any element type; a float is widened to double first.
 template <class Number>
 void appendSample(std::string& text, Number sample, NumberForm form)

@@ -2,6 +2,7 @@
 
 #include "commandline.h"
 #include "kiroreader.h"
+#include "numbertext.h"
 #include "openrecording.h"
 #include "output.h"
 #include "recordingrepair.h"
@@ -14,17 +15,12 @@ constexpr const char* Details =
     "the number of whole packets in the file. Nothing but the header changes; the\n"
     "bytes of an incomplete packet stay at the end.";
 
-std::string packets(std::int64_t count)
-{
-    return std::to_string(count) + (count == 1 ? " packet" : " packets");
-}
-
 /// Why less data than declared is beyond repair.
 std::string lostData(const RepairResult& result)
 {
     if (result.dataBytes < 0)
         return "it ends inside its header. Look for another copy of the file.";
-    return "its header declares " + packets(result.declaredFrames) + " and the file holds only " +
+    return "its header declares " + counted(result.declaredFrames, "packet") + " and the file holds only " +
            std::to_string(result.calculatedFrames) +
            ", so that samples are lost. Look for another copy of the file.";
 }
@@ -55,16 +51,17 @@ std::string tailReport(std::int64_t bytes, bool dryRun)
 {
     if (bytes == 0)
         return {};
-    return "Behind the last packet " + std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes") +
-           " of an incomplete one " + (dryRun ? "would stay.\n" : "stay.\n");
+    return "Behind the last packet " + counted(bytes, "byte") + " of an incomplete one " +
+           (dryRun ? "would stay.\n" : "stay.\n");
 }
 
 std::string report(const KiroString& path, const RepairResult& result, bool dryRun)
 {
     if (result.countIsRight())
-        return quoted(path) + ": nothing to repair, the header declares " + packets(result.declaredFrames) +
-               " and the file holds " + (result.declaredFrames == 1 ? "it.\n" : "them.\n");
-    return quoted(path) + ": the header declared " + packets(result.declaredFrames) +
+        return quoted(path) + ": nothing to repair, the header declares " +
+               counted(result.declaredFrames, "packet") + " and the file holds " +
+               (result.declaredFrames == 1 ? "it.\n" : "them.\n");
+    return quoted(path) + ": the header declared " + counted(result.declaredFrames, "packet") +
            (dryRun ? " and would be" : " and is now") + " set to " + std::to_string(result.calculatedFrames) +
            ".\n" + tailReport(result.tailBytes, dryRun);
 }

@@ -8,6 +8,7 @@
 #include "openrecording.h"
 #include "output.h"
 #include "saccjson.h"
+#include "saccsummary.h"
 #include "texttable.h"
 
 #include <cerrno>
@@ -186,8 +187,11 @@ Outcome runSacc(const QStringList& arguments)
 {
     CommandLine line("sacc", Summary, Details, "saccade file (.sacc)");
     line.addFlag("json", JsonDescription);
+    line.addFlag("summary", "Prints the counts and the main sequence: speed and duration by amplitude.");
     if (const auto over = line.parse(arguments))
         return *over;
+    if (line.isSet("json") && line.isSet("summary"))
+        return line.wrongUsage("--json and --summary exclude each other: give one of them.");
 
     KiroSaccHeader header;
     std::string error;
@@ -198,6 +202,8 @@ Outcome runSacc(const QStringList& arguments)
     Output output;
     if (line.isSet("json"))
         output.write(saccJson(header));
+    else if (line.isSet("summary"))
+        output.write(saccSummary(header));
     else
         output.write(factsText(header) + signalsText(header) + paramsText(header.params) +
                      saccadesText(header) + blinksText(header));

@@ -34,6 +34,11 @@ std::string printable(std::string text)
     return text;
 }
 
+std::string printableBytes(const QString& text)
+{
+    return printable(text.toLocal8Bit().toStdString());
+}
+
 TextTable::TextTable(std::initializer_list<Align> columns)
     : m_columns(columns)
 {

@@ -4,9 +4,13 @@
 #include <string>
 #include <vector>
 
+class QString;
+
 /// `text` with every control character but line feeds shown as "?": a text from a file must neither
 /// upset a terminal nor the lines it stands in. Other bytes stay as they are.
 std::string printable(std::string text);
+/// The same of a text of the program, in the local 8-bit encoding.
+std::string printableBytes(const QString& text);
 
 /// Rows of cells, laid out in aligned columns for a terminal.
 ///

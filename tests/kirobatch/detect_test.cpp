@@ -217,6 +217,51 @@ TEST_F(KirobatchDetect, SignalsThatAreNotCalibratedNeedAFactor)
     EXPECT_EQ(header.rightHorizontal.offset, 0.0);
 }
 
+TEST_F(KirobatchDetect, IfPossibleLeavesARecordingWithoutEyeSignalsAlone)
+{
+    const BatchRun untold =
+        detect({jump({"light", "sound"}), QStringLiteral("--if-possible"), QStringLiteral("--json")});
+    EXPECT_EQ(untold.status, 0);
+    EXPECT_EQ(untold.output, "");
+    EXPECT_THAT(untold.errors,
+                HasSubstr("the horizontal signal of the right eye cannot be told by the names"));
+    EXPECT_FALSE(QFile::exists(path("recording.sacc")));
+
+    m_folder.write(QStringLiteral("recording.sacc"), "mine");
+    const BatchRun uncalibrated =
+        detect({jump({"eye position"}, false), QStringLiteral("--if-possible"), QStringLiteral("--force")});
+    EXPECT_EQ(uncalibrated.status, 0);
+    EXPECT_EQ(uncalibrated.output, "");
+    EXPECT_THAT(uncalibrated.errors, HasSubstr("signal 'eye position' of "));
+    EXPECT_THAT(uncalibrated.errors, HasSubstr("is not calibrated."));
+    EXPECT_EQ(fileBytes(KiroString(path("recording.sacc"))), "mine");
+}
+
+TEST_F(KirobatchDetect, IfPossibleDetectsAsEverWhereItIs)
+{
+    const BatchRun run = detect({demo(), QStringLiteral("--if-possible")});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(run.errors, "");
+    EXPECT_EQ(load(path("demo.sacc")).saccades.size(), 107U);
+}
+
+TEST_F(KirobatchDetect, IfPossibleHidesNoFailure)
+{
+    const BatchRun unknown = detect({jump({"light", "sound"}), QStringLiteral("--if-possible"),
+                                     QStringLiteral("--right-h"), QStringLiteral("eye")});
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_THAT(unknown.errors, HasSubstr("'eye'"));
+    m_folder.write(QStringLiteral("text.kiro"), "no recording");
+    const BatchRun unreadable = detect({path("text.kiro"), QStringLiteral("--if-possible")});
+    EXPECT_EQ(unreadable.status, 1);
+    EXPECT_THAT(unreadable.errors, HasSubstr("it is no recording"));
+    QFile file(demo());
+    ASSERT_TRUE(file.resize(file.size() / 2));
+    const BatchRun damaged = detect({path("demo.kiro"), QStringLiteral("--if-possible")});
+    EXPECT_EQ(damaged.status, 1);
+    EXPECT_THAT(damaged.errors, HasSubstr("Error while loading horizontal eye position samples!"));
+}
+
 TEST_F(KirobatchDetect, ProfilesSetTheParameters)
 {
     SaccadeDetectionParams params = SaccadeDetectionParams::atStart();

@@ -97,3 +97,10 @@ TEST(NumberText, GeneralTextHasAtMostItsDigits)
     EXPECT_EQ(generalText(1, 6), "1");
     EXPECT_EQ(generalText(NotANumber, 6), "nan");
 }
+
+TEST(CountedText, HasThePluralButForOne)
+{
+    EXPECT_EQ(counted(0, "packet"), "0 packets");
+    EXPECT_EQ(counted(1, "packet"), "1 packet");
+    EXPECT_EQ(counted(2, "packet"), "2 packets");
+}

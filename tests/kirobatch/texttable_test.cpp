@@ -1,5 +1,7 @@
 #include "texttable.h"
 
+#include <QString>
+
 #include <gtest/gtest.h>
 
 using Align = TextTable::Align;
@@ -52,4 +54,10 @@ TEST(TextTable, ControlCharactersAndLineFeedsBecomeQuestionMarks)
 TEST(Printable, KeepsLineFeedsAndBytesAbove127)
 {
     EXPECT_EQ(printable("a\nb\r\x01\xe9\xff"), "a\nb??\xe9\xff");
+}
+
+TEST(Printable, ShowsControlCharactersButLineFeedsAsQuestionMarks)
+{
+    EXPECT_EQ(printable(std::string("a\x1b[1m\tb\nc\x7f")), "a?[1m?b\nc?");
+    EXPECT_EQ(printableBytes(QStringLiteral("a\tb\nc")), "a?b\nc");
 }

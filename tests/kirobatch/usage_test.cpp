@@ -34,8 +34,9 @@ TEST(KirobatchHelp, NamesEveryCommandAndTheExitStatuses)
 
 TEST(KirobatchHelp, FitsATerminalOf80Columns)
 {
-    for (const char* arguments : {"--help", "info --help", "signals --help", "dump --help", "import --help",
-                                  "check --help", "repair --help", "detect --help", "sacc --help"}) {
+    for (const char* arguments :
+         {"--help", "info --help", "signals --help", "dump --help", "import --help", "check --help",
+          "repair --help", "detect --help", "sacc --help", "demo --help"}) {
         const QString help = QString::fromStdString(runBatch(words(arguments)).output);
         for (const QString& line : help.split(QLatin1Char('\n')))
             EXPECT_LE(line.size(), 80) << arguments << ": " << line.toStdString();
@@ -118,9 +119,10 @@ TEST_P(KirobatchWrongUsage, EndsWithStatus2AndPointsToTheHelp)
 INSTANTIATE_TEST_SUITE_P(
     Cases, KirobatchWrongUsage,
     testing::Values(
-        WrongUsage{"NoCommand", "",
-                   "the command is missing: give info, signals, dump, import, check, repair, detect or sacc.",
-                   "kirobatch --help"},
+        WrongUsage{
+            "NoCommand", "",
+            "the command is missing: give info, signals, dump, import, check, repair, detect, sacc or demo.",
+            "kirobatch --help"},
         WrongUsage{"UnknownCommand", "frobnicate x.kiro", "there is no command 'frobnicate'.",
                    "kirobatch --help"},
         WrongUsage{"UnknownOverallOption", "--frobnicate", "Unknown option 'frobnicate'.",
@@ -141,6 +143,9 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{"TwoFiles", "info a.kiro b.kiro",
                    "one FILE is read at a time, and 'b.kiro' is one argument too many.",
                    "kirobatch info --help"},
+        WrongUsage{"FileOfACommandWithoutOne", "demo x.kiro",
+                   "'x.kiro' is one argument too many: demo reads no FILE, and takes options only.",
+                   "kirobatch demo --help"},
         WrongUsage{"UnknownCommandOption", "signals --signal 0 a.kiro", "Unknown option 'signal'.",
                    "kirobatch signals --help"},
         WrongUsage{"FlagWithValue", "info --json=yes a.kiro", "Unexpected value after '--json'.",
