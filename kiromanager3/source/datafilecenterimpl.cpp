@@ -3,6 +3,7 @@
 #include "appconfig.h"
 #include "bdfimporter.h"
 #include "dialogprogress.h"
+#include "filechoice.h"
 #include "inistore.h"
 #include "kiroreader.h"
 #include "kiroutils.h"
@@ -64,19 +65,6 @@ QString withBlanks(QString filter)
 {
     static const QRegularExpression betweenPatterns(QStringLiteral("(?<!;);(?=[^;()][^()]*\\))"));
     return filter.replace(betweenPatterns, QStringLiteral(" "));
-}
-
-/// Where a file dialog begins: one that is not there would stand in it as a file's name.
-QString startFolder(const QString& folder)
-{
-    return QDir(folder).exists() ? folder : QDir::homePath();
-}
-
-/// The one local file of a drag, or nothing.
-QString draggedFile(const QMimeData* data)
-{
-    const QList<QUrl> urls = data->urls();
-    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
 }
 
 } // namespace

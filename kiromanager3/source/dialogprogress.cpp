@@ -3,11 +3,10 @@
 #include <QCoreApplication>
 #include <QLabel>
 
-DialogProgress::DialogProgress(QWidget* parent, const QString& label)
+DialogProgress::DialogProgress(QWidget* parent, const QString& label, int quietMs)
     : m_guard(parent ? parent->window() : nullptr)
     , m_dialog(QString(), QCoreApplication::translate("DialogProgress", "Cancel"), 0, 100, parent)
 {
-    constexpr int QuietMs = 300;
     // A file name is no rich text, whatever it looks like.
     auto* const text = new QLabel(label);
     text->setTextFormat(Qt::PlainText);
@@ -15,7 +14,7 @@ DialogProgress::DialogProgress(QWidget* parent, const QString& label)
     m_dialog.setLabel(text);
     m_dialog.setWindowModality(Qt::WindowModal);
     m_dialog.setWindowTitle(parent ? parent->windowTitle() : QString());
-    m_dialog.setMinimumDuration(QuietMs);
+    m_dialog.setMinimumDuration(quietMs);
     m_dialog.setAutoClose(false);
     m_dialog.setAutoReset(false);
 }

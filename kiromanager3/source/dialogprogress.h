@@ -5,13 +5,15 @@
 
 #include <QProgressDialog>
 
-/// Shows long work in a modal progress dialog over a window, from 0.3 s on, with a working Cancel. The window
-/// is guarded from the beginning; closing it cancels the work.
+/// Shows long work in a modal progress dialog over a window, from 0.3 s on unless told, with a working
+/// Cancel. The window is guarded from the beginning; closing it cancels the work.
 class DialogProgress final : public JobProgress
 {
 public:
-    /// `label` says what is being done.
-    DialogProgress(QWidget* parent, const QString& label);
+    static constexpr int QuietMs = 300;
+
+    /// `label` says what is being done. Work that ends within `quietMs` shows no dialog.
+    DialogProgress(QWidget* parent, const QString& label, int quietMs = QuietMs);
 
     void setRange(int minimum, int maximum) override;
     void setValue(int value) override;

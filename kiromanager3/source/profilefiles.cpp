@@ -1,5 +1,6 @@
 #include "profilefiles.h"
 
+#include "filechoice.h"
 #include "messages.h"
 
 #include <QFileDialog>
@@ -35,7 +36,7 @@ QString ProfileFiles::chooseForSaving()
     const QString path = withSuffix(chosen, selectedFilter);
     // The file dialog has asked about the name that was chosen, not about this one.
     const bool unasked = path != chosen && QFileInfo::exists(path);
-    return unasked && !mayReplace(path) ? QString() : path;
+    return unasked && !mayReplace(m_dialog, path) ? QString() : path;
 }
 
 QString ProfileFiles::withSuffix(const QString& path, const QString& selectedFilter) const
@@ -44,11 +45,6 @@ QString ProfileFiles::withSuffix(const QString& path, const QString& selectedFil
     if (!ofSuffix || !QFileInfo(path).suffix().isEmpty())
         return path;
     return path + QLatin1Char('.') + m_texts.suffix;
-}
-
-bool ProfileFiles::mayReplace(const QString& path) const
-{
-    return askWarning(m_dialog, tr("The file %1 already exists.\nDo you want to replace it?").arg(path));
 }
 
 void ProfileFiles::tellLoadingFailed(const QString& path) const

@@ -40,7 +40,6 @@ public:
 
 private:
     QString withSuffix(const QString& path, const QString& selectedFilter) const;
-    bool mayReplace(const QString& path) const;
 
     QWidget* m_dialog;
     Texts m_texts;

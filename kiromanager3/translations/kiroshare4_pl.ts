@@ -255,6 +255,22 @@
         <source>Select signals</source>
         <translation>Wybór sygnałów</translation>
     </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtr</translation>
+    </message>
+    <message>
+        <source>Words of a name</source>
+        <translation>Słowa z nazwy</translation>
+    </message>
+    <message>
+        <source>Leaves the names in the lists that contain all these words</source>
+        <translation>Zostawia na listach nazwy, które zawierają wszystkie te słowa</translation>
+    </message>
+    <message>
+        <source>&amp;Filter</source>
+        <translation>&amp;Filtr</translation>
+    </message>
 </context>
 <context>
     <name>SeparatorDlg</name>

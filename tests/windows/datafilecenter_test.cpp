@@ -3,9 +3,11 @@
 #include "appconfig.h"
 #include "fatalrecorder.h"
 #include "inistore.h"
+#include "messagerecorder.h"
 #include "modalanswers.h"
 #include "openevents.h"
 #include "recordingfile.h"
+#include "windowmessages.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemModel>
@@ -37,26 +39,6 @@ const QString CorruptedText = QStringLiteral(
 const QStringList ToolButtons = {QStringLiteral("buttonSaveBinary"), QStringLiteral("buttonSaveAscii"),
                                  QStringLiteral("buttonExport"),     QStringLiteral("buttonFillGaps"),
                                  QStringLiteral("buttonProcess"),    QStringLiteral("buttonAnalysis")};
-
-/// Messages of Qt while an object of this class lives, but for what the offscreen platform says of itself.
-class QtMessages
-{
-public:
-    QtMessages()
-    {
-        texts().clear();
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
-            if (!text.startsWith(QStringLiteral("This plugin does not support")))
-                texts() << text;
-        });
-    }
-    ~QtMessages() { qInstallMessageHandler(nullptr); }
-    static QStringList& texts()
-    {
-        static QStringList all;
-        return all;
-    }
-};
 
 class DataFileCenterTest : public testing::Test
 {
@@ -116,11 +98,8 @@ QString box(const QString& title, const QString& text)
 
 TEST_F(DataFileCenterTest, IsBuiltWithoutAWarning)
 {
-    const QtMessages messages;
-    DataFileCenter window;
-    window.show();
-    QApplication::processEvents();
-    EXPECT_EQ(QtMessages::texts().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(messagesOfBuilding<DataFileCenter>(), "");
+    const DataFileCenter window;
     EXPECT_EQ(window.windowTitle(), QString::fromLatin1(Title));
 }
 
@@ -267,11 +246,11 @@ TEST_F(DataFileCenterTest, AFileShorterThanDeclaredCannotBeRepaired)
     const std::string before = fileBytes(path);
     m_answers.press(QMessageBox::Yes);
     m_answers.press(QMessageBox::Ok);
-    const QtMessages messages;
+    const MessageRecorder messages;
     m_window->openFile(path);
     EXPECT_EQ(m_answers.seen().last(),
               box(QString::fromLatin1(Title), QStringLiteral("Can't repair file \"%1\"!").arg(path)));
-    EXPECT_EQ(QtMessages::texts(),
+    EXPECT_EQ(MessageRecorder::texts(),
               QStringList(
                   QStringLiteral("DataFileCenter::repairFile(QString) - real data size (20) is smaller than "
                                  "size declared in the header (22), cannot repair file (%1)")
@@ -498,12 +477,12 @@ TEST_F(DataFileCenterTest, ImportTellsItsRemarksInOneBoxAndInTheLog)
 {
     const QString source = m_folder.write(QStringLiteral("e.edf"), edfBytes("0", "100")).toQString();
     m_answers.press(QMessageBox::Ok);
-    const QtMessages messages;
+    const MessageRecorder messages;
     QApplication::postEvent(m_window.get(), new OpenFileEvent(source));
     QApplication::processEvents();
     ASSERT_EQ(m_answers.seen().size(), 1);
-    ASSERT_EQ(QtMessages::texts().size(), 1);
-    EXPECT_EQ(m_answers.seen().first(), box(QString::fromLatin1(Title), QtMessages::texts().first()));
+    ASSERT_EQ(MessageRecorder::texts().size(), 1);
+    EXPECT_EQ(m_answers.seen().first(), box(QString::fromLatin1(Title), MessageRecorder::texts().first()));
     EXPECT_EQ(m_window->fileName(), m_folder.path(QStringLiteral("e.kiro")));
 }
 

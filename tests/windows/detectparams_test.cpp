@@ -1,9 +1,9 @@
 #include "blinksdetectparams.h"
 #include "saccdetectparams.h"
 
-#include "messagerecorder.h"
 #include "modalanswers.h"
 #include "recordingfile.h"
+#include "windowmessages.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -242,11 +242,8 @@ const char* const DefaultsFile = "!!! Saccade detection parameters file - DO NOT
 
 TEST_F(SaccDetectParamsTest, IsBuiltWithoutAWarning)
 {
-    const MessageRecorder messages;
-    SaccDetectParams dialog;
-    dialog.show();
-    QApplication::processEvents();
-    EXPECT_EQ(MessageRecorder::texts().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(messagesOfBuilding<SaccDetectParams>(), "");
+    const SaccDetectParams dialog;
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Saccade detection parameters"));
     EXPECT_EQ(dialog.locale(), QLocale::system());
 }
@@ -589,11 +586,8 @@ TEST(SaccDetectParamsSystemLocale, IsWhatFieldsAreShownIn)
 
 TEST_F(BlinksDetectParamsTest, IsBuiltWithoutAWarning)
 {
-    const MessageRecorder messages;
-    BlinksDetectParams dialog;
-    dialog.show();
-    QApplication::processEvents();
-    EXPECT_EQ(MessageRecorder::texts().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(messagesOfBuilding<BlinksDetectParams>(), "");
+    const BlinksDetectParams dialog;
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Blinks detection parameters"));
     EXPECT_EQ(dialog.locale(), QLocale::system());
 }

@@ -2,25 +2,36 @@
 
 #include "appconfig.h"
 #include "blinksdetectparams.h"
+#include "curveplot.h"
 #include "datafilecenterimpl.h"
+#include "eyerecording.h"
+#include "inistore.h"
 #include "kiroreader.h"
 #include "language.h"
 #include "mainwindowimpl.h"
 #include "pensetupdialog.h"
 #include "plotshots.h"
 #include "questiondialog.h"
+#include "saccadecenterimpl.h"
+#include "saccadecenteroptions.h"
 #include "saccdetectparams.h"
 #include "selectsignal.h"
 #include "selectsignals.h"
 #include "separatordlg.h"
 #include "themedicon.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
@@ -28,20 +39,62 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace
 {
 
 QDir folder;
+QString ending = QStringLiteral(".png");
+
+[[noreturn]] void giveUp(const QString& path)
+{
+    std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    std::exit(1);
+}
 
 void keep(QWidget& window, const QString& name)
 {
     QApplication::processEvents();
-    const QString path = folder.filePath(name + QStringLiteral(".png"));
-    if (!window.grab().save(path)) {
-        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
-        std::exit(1);
-    }
+    const QString path = folder.filePath(name + ending);
+    if (!window.grab().save(path))
+        giveUp(path);
+}
+
+/// A page as PDF, the way a printer gets it.
+void keepPage(const QString& name, const std::function<void(QPainter& painter, const QRect& rect)>& draw)
+{
+    const QString path = folder.filePath(name + QStringLiteral(".pdf"));
+    QPdfWriter writer(path);
+    writer.setResolution(600);
+    writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape,
+                                     QMarginsF(10.0, 10.0, 10.0, 10.0), QPageLayout::Millimeter));
+    QPainter painter;
+    if (!painter.begin(&writer))
+        giveUp(path);
+    draw(painter, QRect(0, 0, writer.width(), writer.height()));
+    if (!painter.end())
+        giveUp(path);
+}
+
+void useDarkDesktop()
+{
+    const QColor window(0x2b, 0x2d, 0x30);
+    const QColor text(0xe0, 0xe0, 0xe0);
+    QPalette palette(window);
+    palette.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::ToolTipBase, window);
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        palette.setColor(role, text);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x80, 0x80, 0x80));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x80, 0x80, 0x80));
+    palette.setColor(QPalette::Highlight, QColor(0x3d, 0x7e, 0xc4));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::setPalette(palette);
+    ending = QStringLiteral("-dark.png");
 }
 
 /// Keeps the box that comes next and closes it without a choice.
@@ -107,6 +160,105 @@ void showDetectionParameters()
     keep(blinks, QStringLiteral("detection-blinks"));
     blinks.resize(blinks.minimumSizeHint());
     keep(blinks, QStringLiteral("detection-blinks-smallest"));
+}
+
+void showSaccadeOptions()
+{
+    SaccadeCenterOptions options;
+    options.show();
+    auto* const tabs = options.findChild<QTabWidget*>(QStringLiteral("tabs"));
+    for (int i = 0; i < tabs->count(); ++i) {
+        tabs->setCurrentIndex(i);
+        keep(options, QStringLiteral("saccade-options-%1").arg(i + 1));
+    }
+    tabs->setCurrentIndex(1);
+    options.resize(options.minimumSizeHint());
+    keep(options, QStringLiteral("saccade-options-smallest"));
+    options.resize(options.size() * 1.4);
+    keep(options, QStringLiteral("saccade-options-large"));
+}
+
+/// A new saccades browser that shows the recording, whose signals need no question.
+std::unique_ptr<SaccadeCenter> saccadesOf(const QString& recording)
+{
+    IniStore store;
+    store.load(appConfig().configFile());
+    store.setSection(SaccadeCenter::section());
+    store.setBool(QStringLiteral("ask_for_signals_selection_confirmation"), false);
+    store.setDouble(QStringLiteral("time_window"), TimeWindow::LengthAtStart);
+    store.saveAs(appConfig().configFile());
+    auto window = std::make_unique<SaccadeCenter>();
+    window->detectIn(recording, false);
+    window->show();
+    return window;
+}
+
+/// Closes a window without saving.
+void closeUnsaved(SaccadeCenter& window)
+{
+    QTimer::singleShot(100, [] {
+        if (QWidget* const question = QApplication::activeModalWidget())
+            question->findChild<QPushButton*>(QStringLiteral("button1"))->click();
+    });
+    window.close();
+}
+
+void trigger(SaccadeCenter& window, const char* action)
+{
+    window.findChild<QAction*>(QLatin1String(action))->trigger();
+}
+
+/// `oneEye` is a recording of one signal.
+void showSaccades(const QString& recording, const QString& oneEye)
+{
+    SaccadeCenter empty;
+    empty.show();
+    keep(empty, QStringLiteral("saccades-empty"));
+    const std::unique_ptr<SaccadeCenter> both = saccadesOf(recording);
+    trigger(*both, "actionSaccNext");
+    keep(*both, QStringLiteral("saccades-both-eyes"));
+    for (int i = 0; i < 22; ++i)
+        both->findChild<QToolButton*>(QStringLiteral("buttonTimeZoomOut"))->click();
+    keep(*both, QStringLiteral("saccades-both-eyes-long"));
+    both->resize(both->minimumSizeHint());
+    keep(*both, QStringLiteral("saccades-both-eyes-smallest"));
+    keepNextBox(QStringLiteral("saccades-selection"));
+    trigger(*both, "actionSaccRemoveSelected");
+    keepNextBox(QStringLiteral("saccades-unsaved"));
+    both->close();
+    closeUnsaved(*both);
+
+    const std::unique_ptr<SaccadeCenter> one = saccadesOf(oneEye);
+    trigger(*one, "actionSaccLast");
+    keep(*one, QStringLiteral("saccades-one-signal"));
+    auto* const plot = one->findChild<CurvePlot*>(QStringLiteral("plotRightHorzPosition"));
+    const double free = plot->horzMin() + 2.2; // seconds; no saccade is there
+    const QPoint start(plot->horzScalePoints(free), plot->plotArea().center().y());
+    const QPoint end(plot->horzScalePoints(free + 0.2), start.y());
+    QMouseEvent press(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton, Qt::ShiftModifier);
+    QMouseEvent move(QEvent::MouseMove, end, Qt::NoButton, Qt::LeftButton, Qt::ShiftModifier);
+    QApplication::sendEvent(plot, &press);
+    QApplication::sendEvent(plot, &move);
+    keep(*one, QStringLiteral("saccades-adding"));
+    QMouseEvent release(QEvent::MouseButtonRelease, end, Qt::LeftButton, Qt::NoButton, Qt::ShiftModifier);
+    QApplication::sendEvent(plot, &release);
+    keep(*one, QStringLiteral("saccades-added"));
+    closeUnsaved(*one);
+}
+
+/// A recording with the right horizontal eye signal of another one alone.
+QString oneSignalOf(const QString& recording, const QString& path)
+{
+    KiroReader reader;
+    QVector<double> samples;
+    if (!reader.setFile(recording) || !KiroReader::readSignal(recording, 0, samples))
+        std::exit(1);
+    std::vector<double> degrees(samples.begin(), samples.end());
+    QFile file(path);
+    const std::string bytes = eyeRecording({{"eye position", degrees}});
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), qint64(bytes.size())) < 0)
+        giveUp(path);
+    return path;
 }
 
 /// Names as recordings have them, and one that no window has room for.
@@ -209,8 +361,18 @@ int main(int argc, char** argv)
     showFileBrowser(arguments[3]);
     showCorruptedFile(arguments[3]);
     showDetectionParameters();
+    showSaccadeOptions();
+    const QString oneEye = oneSignalOf(arguments[3], settings.filePath(QStringLiteral("one.kiro")));
+    showSaccades(arguments[3], oneEye);
     showSignalSelection();
     showSmallDialogs();
-    showPlots(keep);
+    showPlots(keep, keepPage);
+    useDarkDesktop();
+    showDetectionParameters();
+    showSaccadeOptions();
+    showSaccades(arguments[3], oneEye);
+    showSignalSelection();
+    showSmallDialogs();
+    showPlotsOfDesktop(keep);
     return 0;
 }

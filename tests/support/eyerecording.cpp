@@ -1,0 +1,60 @@
+#include "eyerecording.h"
+
+#include "recordingfile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace
+{
+
+constexpr int JumpSamples = 40;
+constexpr int SamplesPerFrame = 4;
+
+/// Part of a jump that is done: the path of least jerk.
+double partDone(int sample)
+{
+    const double t = std::clamp(double(sample) / JumpSamples, 0.0, 1.0);
+    return t * t * t * (10.0 - 15.0 * t + 6.0 * t * t);
+}
+
+} // namespace
+
+std::vector<double> jumpingEye(int sampleCount, const std::vector<int>& starts, double amplitude)
+{
+    std::vector<double> degrees(std::size_t(sampleCount), 0.0);
+    double direction = amplitude;
+    for (const int start : starts) {
+        for (int i = start; i < sampleCount; ++i)
+            degrees[std::size_t(i)] += direction * partDone(i - start);
+        direction = -direction;
+    }
+    return degrees;
+}
+
+std::string eyeRecording(const std::vector<EyeRecordingSignal>& signalTable)
+{
+    std::vector<KiroSignal> descriptors;
+    for (const EyeRecordingSignal& eye : signalTable) {
+        KiroSignal descriptor = makeSignal(eye.name.c_str(), KiroValue::SignedInt, 2, SamplesPerFrame, 1000);
+        descriptor.calibrated = eye.calibrated;
+        if (eye.calibrated) {
+            descriptor.calibrationFactor = eye.factor;
+            descriptor.calibrationOffset = eye.offset;
+            descriptor.calibrationUnit = "deg";
+        }
+        descriptors.push_back(descriptor);
+    }
+    const std::size_t frames = signalTable.at(0).degrees.size() / SamplesPerFrame;
+    std::string data;
+    for (std::size_t frame = 0; frame < frames; ++frame) {
+        for (const EyeRecordingSignal& eye : signalTable) {
+            for (std::size_t i = 0; i < SamplesPerFrame; ++i) {
+                const double raw = eye.degrees[frame * SamplesPerFrame + i] * eye.factor + eye.offset;
+                data += bigEndian(static_cast<std::uint16_t>(std::lround(raw)), 2);
+            }
+        }
+    }
+    return recordingBytes(makeHeader(descriptors, std::uint32_t(frames)), data);
+}
