@@ -36,5 +36,5 @@ struct StripView
 /// pixel, at a cost that depends on the pixels and not on the samples: of each pixel column the first, least,
 /// greatest and last value are drawn (U. Jugel, Z. Jerzak, G. Hackenbroich, V. Markl: M4, Proc. VLDB
 /// Endowment 7(10), 797-808, 2014). NaN and infinite samples leave a gap. Nothing is drawn of a view without
-/// extent. Antialiasing is used where samples are few.
+/// extent. Antialiasing is used where samples are few and lines are not steep.
 void drawStripCurve(QPainter& painter, const SampleStore& samples, const StripView& view, const QPen& pen);
