@@ -1,6 +1,6 @@
 #include "goals.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -40,7 +40,11 @@ private:
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
+    // Windows are painted in memory. The programs that are measured still come to the real screen.
+    QByteArray platform[] = {argv[0], "-platform", "offscreen"};
+    char* platformArguments[] = {platform[0].data(), platform[1].data(), platform[2].data(), nullptr};
+    int platformCount = 3;
+    const QApplication application(platformCount, platformArguments);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;

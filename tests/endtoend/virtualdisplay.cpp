@@ -89,16 +89,76 @@ bool VirtualDisplay::staysWith(int count) const
     return true;
 }
 
-void VirtualDisplay::press(const std::string& title, const char* keys) const
+bool VirtualDisplay::waitUntil(const std::string& title, bool shown) const
 {
-    for (const QString& window : windows()) {
-        if (ask({QStringLiteral("getwindowname"), window}).toStdString() != title)
-            continue;
+    QElapsedTimer clock;
+    clock.start();
+    while (find(title).isEmpty() == shown) {
+        if (clock.elapsed() > PatienceMs)
+            return false;
+        QThread::msleep(50);
+    }
+    return true;
+}
+
+bool VirtualDisplay::waitForTitle(const std::string& title) const
+{
+    return waitUntil(title, true);
+}
+
+bool VirtualDisplay::waitForTitleToGo(const std::string& title) const
+{
+    return waitUntil(title, false);
+}
+
+void VirtualDisplay::press(const std::string& title, const char* keys, int times) const
+{
+    const QString window = find(title);
+    if (window.isEmpty())
+        ADD_FAILURE() << "no window " << title;
+    else
         ask({QStringLiteral("windowfocus"), QStringLiteral("--sync"), window, QStringLiteral("key"),
-             QString::fromLatin1(keys)});
+             QStringLiteral("--repeat"), QString::number(times), QString::fromLatin1(keys)});
+}
+
+void VirtualDisplay::type(const std::string& title, const QString& text) const
+{
+    const QString window = find(title);
+    if (window.isEmpty())
+        ADD_FAILURE() << "no window " << title;
+    else
+        ask({QStringLiteral("windowfocus"), QStringLiteral("--sync"), window, QStringLiteral("type"), text});
+}
+
+void VirtualDisplay::drag(const std::string& title, const QPoint& from, const QPoint& to,
+                          const char* modifier) const
+{
+    const QString window = find(title);
+    if (window.isEmpty()) {
+        ADD_FAILURE() << "no window " << title;
         return;
     }
-    ADD_FAILURE() << "no window " << title;
+    const auto moveTo = [&window](const QPoint& place) {
+        return QStringList{QStringLiteral("mousemove"), QStringLiteral("--window"), window,
+                           QString::number(place.x()), QString::number(place.y())};
+    };
+    const QString key = QString::fromLatin1(modifier);
+    const QString button = QStringLiteral("1");
+    ask(QStringList{QStringLiteral("windowfocus"), QStringLiteral("--sync"), window} + moveTo(from) +
+        QStringList{QStringLiteral("keydown"), key, QStringLiteral("mousedown"), button} +
+        moveTo((from + to) / 2) + moveTo(to) +
+        QStringList{QStringLiteral("mouseup"), button, QStringLiteral("keyup"), key});
+}
+
+QSize VirtualDisplay::sizeOf(const std::string& title) const
+{
+    const QString answer = ask({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), find(title)});
+    const auto number = [&answer](const char* name) {
+        return answer.section(QLatin1String(name) + QLatin1Char('='), 1)
+            .section(QLatin1Char('\n'), 0, 0)
+            .toInt();
+    };
+    return {number("WIDTH"), number("HEIGHT")};
 }
 
 QString VirtualDisplay::ask(const QStringList& arguments) const
@@ -125,4 +185,13 @@ QStringList VirtualDisplay::titles() const
         all.append(ask({QStringLiteral("getwindowname"), window}));
     all.sort();
     return all;
+}
+
+QString VirtualDisplay::find(const std::string& title) const
+{
+    for (const QString& window : windows()) {
+        if (ask({QStringLiteral("getwindowname"), window}).toStdString() == title)
+            return window;
+    }
+    return {};
 }

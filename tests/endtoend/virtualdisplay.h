@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QPoint>
 #include <QProcess>
+#include <QSize>
 #include <QTemporaryDir>
 
 #include <string>
@@ -26,14 +28,25 @@ public:
     std::string waitForTitles(int count) const;
     /// Whether this number of windows is shown for some time on.
     bool staysWith(int count) const;
+    /// Whether a window of this title is shown, or is no longer shown, within some patience.
+    bool waitForTitle(const std::string& title) const;
+    bool waitForTitleToGo(const std::string& title) const;
     /// Gives the focus to the window of this title and presses keys there, such as "ctrl+w".
-    void press(const std::string& title, const char* keys) const;
+    void press(const std::string& title, const char* keys, int times = 1) const;
+    /// Gives the focus to the window of this title and types a text there.
+    void type(const std::string& title, const QString& text) const;
+    /// Moves the mouse with its left button and a modifier key, such as "shift", held. Pixels of the window.
+    void drag(const std::string& title, const QPoint& from, const QPoint& to, const char* modifier) const;
+    /// Pixels of the window of this title.
+    QSize sizeOf(const std::string& title) const;
 
 private:
     Q_DISABLE_COPY(VirtualDisplay)
     QString ask(const QStringList& arguments) const;
     QStringList windows() const;
     QStringList titles() const;
+    QString find(const std::string& title) const;
+    bool waitUntil(const std::string& title, bool shown) const;
 
     QTemporaryDir m_home;
     QProcess m_server;
