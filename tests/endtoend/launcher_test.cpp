@@ -1,3 +1,4 @@
+#include "support/eyerecording.h"
 #include "support/translationbuilder.h"
 #include "virtualdisplay.h"
 
@@ -55,8 +56,9 @@ TEST_F(LauncherTest, OpensTheFilesThatItCanAndEndsWithTheLastWindow)
 
 TEST_F(LauncherTest, SeveralFilesOpenSeveralWindows)
 {
-    for (const char* name : {"a.kiro", "b.sacc", "żółw.kiro"})
+    for (const char* name : {"a.kiro", "żółw.kiro"})
         write(name, "");
+    writeSaccadeFile(m_folder, QStringLiteral("b"));
     start({path("a.kiro"), path("b.sacc"), path("żółw.kiro")});
     EXPECT_EQ(m_display.waitForTitles(4), Launcher + "; Saccades browser - " + path("b.sacc").toStdString() +
                                               "; Signals browser - " + path("a.kiro").toStdString() +

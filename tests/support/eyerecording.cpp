@@ -1,6 +1,9 @@
 #include "eyerecording.h"
 
+#include "kirosaccheader.h"
 #include "recordingfile.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
@@ -57,4 +60,24 @@ std::string eyeRecording(const std::vector<EyeRecordingSignal>& signalTable)
         }
     }
     return recordingBytes(makeHeader(descriptors, std::uint32_t(frames)), data);
+}
+
+QString writeSaccadeFile(const TestFolder& folder, const QString& name)
+{
+    constexpr int Start = 1000;
+    constexpr int SampleCount = 4000;
+    const std::string recording = eyeRecording({{"eye position", jumpingEye(SampleCount, {Start}, 10.0)}});
+    KiroSaccHeader header;
+    header.setDataFiles(folder.write(name + QStringLiteral(".kiro"), recording), KiroString());
+    header.setSignal(KiroSaccHeader::RightHorizontal, 0, 100.0, 20.0);
+    header.ratePeriod = 1000;
+    header.samplesPerPeriod = 1000;
+    KiroSaccade saccade;
+    saccade.main.start = Start;
+    saccade.main.end = Start + JumpSamples - 1;
+    saccade.main.duration = JumpSamples;
+    header.saccades.push_back(saccade);
+    const QString path = folder.path(name + QStringLiteral(".sacc"));
+    EXPECT_TRUE(header.saveAs(KiroString(path)));
+    return path;
 }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QString>
+
 #include <string>
 #include <vector>
+
+class TestFolder;
 
 /// Recordings of eye movements at 1000 Hz, made for tests: stand still, and jump where they are told to.
 
@@ -20,3 +24,7 @@ struct EyeRecordingSignal
 
 /// The bytes of a recording with these signals in 16 bits each, four samples a frame.
 std::string eyeRecording(const std::vector<EyeRecordingSignal>& signalTable);
+
+/// Writes a saccade file of one saccade, and beside it the recording that it came from: NAME.sacc and
+/// NAME.kiro. Returns the path of the saccade file.
+QString writeSaccadeFile(const TestFolder& folder, const QString& name);

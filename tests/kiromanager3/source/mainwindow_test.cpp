@@ -5,6 +5,7 @@
 #include "openevents.h"
 #include "reviewframeimpl.h"
 #include "saccadecenterimpl.h"
+#include "support/eyerecording.h"
 
 #include <QDesktopServices>
 #include <QLabel>
@@ -288,9 +289,10 @@ TEST_F(MainWindowTest, RecordingEventOpensASignalsBrowserWithTheFile)
 
 TEST_F(MainWindowTest, SaccadeFileEventOpensASaccadesBrowserWithTheFile)
 {
-    QCoreApplication::postEvent(m_window.get(), new OpenSaccFileEvent(QStringLiteral("/data/r.sacc")));
+    const QString path = writeSaccadeFile(m_folder, QStringLiteral("żółw"));
+    QCoreApplication::postEvent(m_window.get(), new OpenSaccFileEvent(path));
     handleEvents();
-    EXPECT_EQ(moduleTitles(), "Saccades browser - /data/r.sacc");
+    EXPECT_EQ(moduleTitles(), "Saccades browser - " + path.toStdString());
 }
 
 TEST_F(MainWindowTest, SeveralEventsOpenSeveralWindows)

@@ -1,4 +1,5 @@
 #include "launcherfixture.h"
+#include "support/eyerecording.h"
 
 #include "windows/modalanswers.h"
 
@@ -51,7 +52,7 @@ TEST_F(MainWindowDropTest, RecordingOpensInASignalsBrowser)
 
 TEST_F(MainWindowDropTest, SaccadeFileOpensInASaccadesBrowser)
 {
-    const QString path = makeFile("żółw.sacc");
+    const QString path = writeSaccadeFile(m_folder, QStringLiteral("żółw"));
     drop({path});
     EXPECT_EQ(moduleTitles(), "Saccades browser - " + path.toStdString());
 }
@@ -59,7 +60,7 @@ TEST_F(MainWindowDropTest, SaccadeFileOpensInASaccadesBrowser)
 TEST_F(MainWindowDropTest, OfSeveralFilesAllThatCanBeOpenedAre)
 {
     const QString recording = makeFile("r.kiro");
-    const QString saccades = makeFile("r.sacc");
+    const QString saccades = writeSaccadeFile(m_folder, QStringLiteral("s"));
     drop({makeFile("notes.txt"), saccades, recording});
     EXPECT_EQ(moduleTitles(), "Saccades browser - " + saccades.toStdString() + "; Signals browser - " +
                                   recording.toStdString());
