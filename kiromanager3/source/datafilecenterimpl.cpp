@@ -11,6 +11,7 @@
 #include "modulewindow.h"
 #include "openevents.h"
 #include "palettecolours.h"
+#include "plaintooltip.h"
 #include "recordingrepair.h"
 #include "recordingsummary.h"
 #include "themedicon.h"
@@ -260,7 +261,7 @@ void DataFileCenter::showHeader(const KiroHeader& header)
 {
     const RecordingSummary summary = RecordingSummary::of(header);
     m_ui->labelProgram->setText(summary.program);
-    m_ui->labelProgram->setToolTip(summary.program.toHtmlEscaped());
+    m_ui->labelProgram->setToolTip(plainToolTip(summary.program));
     m_ui->labelFileVersion->setText(summary.fileVersion);
     m_ui->labelCount->setText(summary.frameCount);
     m_ui->labelTotalTime->setText(summary.totalTime);

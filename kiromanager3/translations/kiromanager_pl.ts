@@ -1470,7 +1470,7 @@ Oba pliki można też tutaj upuścić.</translation>
         <translation>Pokaż statystyki wszystkich sakad</translation>
     </message>
     <message>
-        <source>Statistics o&amp;f selected...</source>
+        <source>Statistics &amp;of selected...</source>
         <translation>Statysty&amp;ki wybranych...</translation>
     </message>
     <message>
@@ -2097,6 +2097,10 @@ Oba pliki można też tutaj upuścić.</translation>
     <message>
         <source>Remove %1 saccades</source>
         <translation>usunięcie sakad (%1)</translation>
+    </message>
+    <message>
+        <source>this is the recording itself</source>
+        <translation>to jest sam zapis</translation>
     </message>
 </context>
 <context>

@@ -44,6 +44,256 @@
     </message>
 </context>
 <context>
+    <name>KiroLabelDlg</name>
+    <message>
+        <source>Label color</source>
+        <translation>Kolor etykiety</translation>
+    </message>
+</context>
+<context>
+    <name>KiroLabelDlgBase</name>
+    <message>
+        <source>Kiro label settings</source>
+        <translation>Ustawienia etykiety Kiro</translation>
+    </message>
+    <message>
+        <source>Label &amp;name</source>
+        <translation>&amp;Nazwa etykiety</translation>
+    </message>
+    <message>
+        <source>Short text, drawn beside the label</source>
+        <translation>Krótki tekst, rysowany obok etykiety</translation>
+    </message>
+    <message>
+        <source>Label name</source>
+        <translation>Nazwa etykiety</translation>
+    </message>
+    <message>
+        <source>Label &amp;description</source>
+        <translation>O&amp;pis etykiety</translation>
+    </message>
+    <message>
+        <source>Long text, of several lines where you like</source>
+        <translation>Długi tekst, w razie potrzeby w kilku wierszach</translation>
+    </message>
+    <message>
+        <source>Label description</source>
+        <translation>Opis etykiety</translation>
+    </message>
+    <message>
+        <source>Label colo&amp;r</source>
+        <translation>&amp;Kolor etykiety</translation>
+    </message>
+    <message>
+        <source>Label color</source>
+        <translation>Kolor etykiety</translation>
+    </message>
+    <message>
+        <source>C&amp;hange...</source>
+        <translation>Z&amp;mień...</translation>
+    </message>
+    <message>
+        <source>Choose the color of the label</source>
+        <translation>Wybierz kolor etykiety</translation>
+    </message>
+    <message>
+        <source>Change label color</source>
+        <translation>Zmień kolor etykiety</translation>
+    </message>
+    <message>
+        <source>Label &amp;template</source>
+        <translation>&amp;Szablon etykiety</translation>
+    </message>
+    <message>
+        <source>Gives the label the name, description and color of a template</source>
+        <translation>Nadaje etykiecie nazwę, opis i kolor z szablonu</translation>
+    </message>
+    <message>
+        <source>Label template</source>
+        <translation>Szablon etykiety</translation>
+    </message>
+    <message>
+        <source>Ed&amp;it...</source>
+        <translation>&amp;Edytuj...</translation>
+    </message>
+    <message>
+        <source>Change the list of label templates</source>
+        <translation>Zmień listę szablonów etykiet</translation>
+    </message>
+    <message>
+        <source>Edit label templates</source>
+        <translation>Edytuj szablony etykiet</translation>
+    </message>
+    <message>
+        <source>Label t&amp;ype</source>
+        <translation>&amp;Typ etykiety</translation>
+    </message>
+    <message>
+        <source>What the label marks</source>
+        <translation>Co oznacza etykieta</translation>
+    </message>
+    <message>
+        <source>Label type</source>
+        <translation>Typ etykiety</translation>
+    </message>
+    <message>
+        <source>&amp;Signal</source>
+        <translation>Sy&amp;gnał</translation>
+    </message>
+    <message>
+        <source>The signal that the label belongs to</source>
+        <translation>Sygnał, do którego należy etykieta</translation>
+    </message>
+    <message>
+        <source>Signal</source>
+        <translation>Sygnał</translation>
+    </message>
+    <message>
+        <source>&amp;Position</source>
+        <translation>Poz&amp;ycja</translation>
+    </message>
+    <message>
+        <source>Value of the signal at the point</source>
+        <translation>Wartość sygnału w tym punkcie</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Pozycja</translation>
+    </message>
+    <message>
+        <source>Unit of the position</source>
+        <translation>Jednostka pozycji</translation>
+    </message>
+    <message>
+        <source>St&amp;art time</source>
+        <translation>&amp;Czas początku</translation>
+    </message>
+    <message>
+        <source>Seconds from the start of the recording</source>
+        <translation>Sekundy od początku zapisu</translation>
+    </message>
+    <message>
+        <source>Start time</source>
+        <translation>Czas początku</translation>
+    </message>
+    <message>
+        <source>[s]</source>
+        <translation>[s]</translation>
+    </message>
+    <message>
+        <source>&amp;End time</source>
+        <translation>C&amp;zas końca</translation>
+    </message>
+    <message>
+        <source>Seconds from the start of the recording; later than the start time</source>
+        <translation>Sekundy od początku zapisu; później niż czas początku</translation>
+    </message>
+    <message>
+        <source>End time</source>
+        <translation>Czas końca</translation>
+    </message>
+</context>
+<context>
+    <name>KiroLabelTemplateEditDlg</name>
+    <message>
+        <source>Enter new label template name</source>
+        <translation>Podaj nazwę nowego szablonu etykiety</translation>
+    </message>
+    <message>
+        <source>New label template</source>
+        <translation>Nowy szablon etykiety</translation>
+    </message>
+    <message>
+        <source>The label template name &quot;%1&quot; already exists!
+Please use unique template name.</source>
+        <translation>Szablon etykiety o nazwie „%1” już istnieje!
+Podaj niepowtarzalną nazwę szablonu.</translation>
+    </message>
+    <message>
+        <source>Label color</source>
+        <translation>Kolor etykiety</translation>
+    </message>
+</context>
+<context>
+    <name>KiroLabelTemplateEditDlgBase</name>
+    <message>
+        <source>Kiro label templates</source>
+        <translation>Szablony etykiet Kiro</translation>
+    </message>
+    <message>
+        <source>&amp;Template name</source>
+        <translation>Nazwa &amp;szablonu</translation>
+    </message>
+    <message>
+        <source>The template whose settings are shown</source>
+        <translation>Szablon, którego ustawienia są pokazane</translation>
+    </message>
+    <message>
+        <source>Template name</source>
+        <translation>Nazwa szablonu</translation>
+    </message>
+    <message>
+        <source>&amp;Add new label template</source>
+        <translation>&amp;Dodaj nowy szablon etykiety</translation>
+    </message>
+    <message>
+        <source>Asks for the name of the new template</source>
+        <translation>Pyta o nazwę nowego szablonu</translation>
+    </message>
+    <message>
+        <source>&amp;Remove current label template</source>
+        <translation>&amp;Usuń bieżący szablon etykiety</translation>
+    </message>
+    <message>
+        <source>Removes the template; the last one stays</source>
+        <translation>Usuwa szablon; ostatni pozostaje</translation>
+    </message>
+    <message>
+        <source>Current template settings</source>
+        <translation>Ustawienia bieżącego szablonu</translation>
+    </message>
+    <message>
+        <source>Label &amp;name</source>
+        <translation>&amp;Nazwa etykiety</translation>
+    </message>
+    <message>
+        <source>Short text that the template gives a label</source>
+        <translation>Krótki tekst, który szablon nadaje etykiecie</translation>
+    </message>
+    <message>
+        <source>Label name</source>
+        <translation>Nazwa etykiety</translation>
+    </message>
+    <message>
+        <source>Label &amp;description</source>
+        <translation>O&amp;pis etykiety</translation>
+    </message>
+    <message>
+        <source>Long text that the template gives a label</source>
+        <translation>Długi tekst, który szablon nadaje etykiecie</translation>
+    </message>
+    <message>
+        <source>Label description</source>
+        <translation>Opis etykiety</translation>
+    </message>
+    <message>
+        <source>Label co&amp;lor</source>
+        <translation>&amp;Kolor etykiety</translation>
+    </message>
+    <message>
+        <source>Label color</source>
+        <translation>Kolor etykiety</translation>
+    </message>
+    <message>
+        <source>C&amp;hange label template color</source>
+        <translation>&amp;Zmień kolor szablonu etykiety</translation>
+    </message>
+    <message>
+        <source>Choose the color that the template gives a label</source>
+        <translation>Wybierz kolor, który szablon nadaje etykiecie</translation>
+    </message>
+</context>
+<context>
     <name>MultiPlot</name>
     <message>
         <source>Signal strips</source>
@@ -332,6 +582,13 @@
     <message>
         <source>Custom separator</source>
         <translation>Własny separator</translation>
+    </message>
+</context>
+<context>
+    <name>TemplateButtons</name>
+    <message>
+        <source>No label template</source>
+        <translation>Brak szablonu etykiety</translation>
     </message>
 </context>
 <context>

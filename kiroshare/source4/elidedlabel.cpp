@@ -1,5 +1,7 @@
 #include "elidedlabel.h"
 
+#include "plaintooltip.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -21,7 +23,7 @@ QSize ElidedLabel::minimumSizeHint() const
 bool ElidedLabel::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip && shownText() != text()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(text()), this);
         return true;
     }
     return QLabel::event(event);

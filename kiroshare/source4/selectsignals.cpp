@@ -1,6 +1,7 @@
 #include "selectsignals.h"
 
 #include "filterwords.h"
+#include "plaintooltip.h"
 #include "selectsignal.h"
 
 #include <QAbstractItemView>
@@ -91,7 +92,7 @@ RoleNames& namesOf(const QComboBox* combo)
 /// A name is no rich text, whatever it looks like.
 void keepNameAsToolTip(QComboBox* combo)
 {
-    const auto tell = [combo](const QString& name) { combo->setToolTip(name.toHtmlEscaped()); };
+    const auto tell = [combo](const QString& name) { combo->setToolTip(plainToolTip(name)); };
     QObject::connect(combo, &QComboBox::currentTextChanged, combo, tell);
     tell(combo->currentText());
 }

@@ -1,5 +1,7 @@
 #include "signallist.h"
 
+#include "plaintooltip.h"
+
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QScrollBar>
@@ -90,7 +92,7 @@ bool SignalList::viewportEvent(QEvent* event)
         const QModelIndex index = indexAt(help->pos());
         if (isCut(index)) {
             // A signal's name is no rich text, whatever it looks like.
-            QToolTip::showText(help->globalPos(), index.data().toString().toHtmlEscaped(), this);
+            QToolTip::showText(help->globalPos(), plainToolTip(index.data().toString()), this);
             return true;
         }
     }

@@ -6,6 +6,8 @@
 #include "datafilecenterimpl.h"
 #include "eyerecording.h"
 #include "inistore.h"
+#include "kirolabeldlg.h"
+#include "kirolabeltemplateeditdlg.h"
 #include "kiroreader.h"
 #include "language.h"
 #include "mainwindowimpl.h"
@@ -339,6 +341,49 @@ void showSmallDialogs()
     keep(pen, QStringLiteral("pen-smallest"));
 }
 
+QList<LabelTemplate> labelTemplates()
+{
+    QList<LabelTemplate> templates;
+    for (const auto& [name, color] :
+         {std::pair("Saccade", Qt::green), std::pair("Blink", Qt::blue), std::pair("Artefact", Qt::red),
+          std::pair("Calibration", Qt::yellow), std::pair("Question to a colleague", Qt::magenta)})
+        templates << LabelTemplate{QLatin1String(name), QLatin1String(name),
+                                   QStringLiteral("Seen in both eyes,\nto be measured."), color};
+    return templates;
+}
+
+void showLabelDialogs()
+{
+    KiroLabel label;
+    label.setupSignalPeriod(1, 12345, 13579, QStringLiteral("Saccade"),
+                            QStringLiteral("Seen in both eyes,\nto be measured."), QColor(0x1a, 0x73, 0xc8));
+    label.value = -12.5;
+    for (uint i = 0; i < KiroLabel::TypeCount; ++i) {
+        KiroLabelDlg dialog;
+        label.type = KiroLabel::indexToType(i);
+        dialog.setData(signalNames(6), {QStringLiteral("deg"), QStringLiteral("deg")}, 60.0, label,
+                       labelTemplates());
+        dialog.show();
+        keep(dialog, QStringLiteral("label-%1").arg(label.type));
+    }
+    KiroLabelDlg dialog;
+    label.setupPoint(3, 1, -0.25, signalNames(4).last(), signalNames(4).last(), Qt::yellow);
+    dialog.setData(signalNames(6), QStringList(signalNames(4)), 60.0, label, {});
+    dialog.show();
+    keep(dialog, QStringLiteral("label-long-names"));
+    dialog.resize(dialog.minimumSizeHint());
+    keep(dialog, QStringLiteral("label-smallest"));
+    dialog.resize(dialog.size() * 1.5);
+    keep(dialog, QStringLiteral("label-large"));
+
+    KiroLabelTemplateEditDlg templates;
+    templates.setTemplates(labelTemplates());
+    templates.show();
+    keep(templates, QStringLiteral("label-templates"));
+    templates.resize(templates.minimumSizeHint());
+    keep(templates, QStringLiteral("label-templates-smallest"));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -366,6 +411,7 @@ int main(int argc, char** argv)
     showSaccades(arguments[3], oneEye);
     showSignalSelection();
     showSmallDialogs();
+    showLabelDialogs();
     showPlots(keep, keepPage);
     useDarkDesktop();
     showDetectionParameters();
@@ -373,6 +419,7 @@ int main(int argc, char** argv)
     showSaccades(arguments[3], oneEye);
     showSignalSelection();
     showSmallDialogs();
+    showLabelDialogs();
     showPlotsOfDesktop(keep);
     return 0;
 }
