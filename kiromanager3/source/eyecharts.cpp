@@ -2,9 +2,9 @@
 
 #include "curveplot.h"
 #include "rounding.h"
+#include "samplepoints.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 
 #include <algorithm>
 
@@ -41,17 +41,6 @@ constexpr const char* DataTitles[EyeCharts::Count] = {
     QT_TRANSLATE_NOOP("EyeCharts", "Left eye vertical [%1]"),
     QT_TRANSLATE_NOOP("EyeCharts", "Left eye vertical [%1/s]")};
 
-/// A stretch of samples over their seconds.
-QVector<QPointF> pointsOf(const std::vector<double>& samples, const TimeWindow& window,
-                          const TimeWindow::Range& range)
-{
-    QVector<QPointF> points(range.count());
-    const double* sample = samples.data() + range.first;
-    for (int i = 0; i < points.size(); ++i)
-        points[i] = QPointF(window.secondsOf(range.first + i), sample[i]);
-    return points;
-}
-
 /// What of [first, last] lies in `range` and has samples.
 TimeWindow::Range within(const TimeWindow::Range& range, int first, int last, std::size_t sampleCount)
 {
@@ -87,17 +76,6 @@ QString blinkToolTip(const KiroBlink& blink, double msPerSample)
              locale.toString(blink.amp1, 'f', 1), locale.toString(blink.ampRelation, 'f', 2));
 }
 
-QString saccadeToolTip(int number, const KiroSaccadeEye& eye, double msPerSample)
-{
-    QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    return translated(
-               QT_TRANSLATE_NOOP("EyeCharts",
-                                 "Saccade %1\nDuration %2 ms\nAmplitude %3 deg\nPeak velocity %4 deg/s"))
-        .arg(locale.toString(number), locale.toString(roundHalfUp(eye.duration * msPerSample)),
-             locale.toString(eye.amplitude, 'f', 1), locale.toString(eye.peakVelocity, 'f', 1));
-}
-
 } // namespace
 
 const std::vector<double>& EyeChart::samples(const EyeSignals& eyes) const
@@ -111,6 +89,36 @@ const KiroSaccadeEye& EyeChart::block(const KiroSaccade& saccade, int detectionT
         return saccade.main;
     const bool right = axis == EyeAxis::RightHorizontal || axis == EyeAxis::RightVertical;
     return right ? saccade.right : saccade.left;
+}
+
+void SaccadeToolTips::begin(double msPerSample)
+{
+    const QString format = translated(QT_TRANSLATE_NOOP(
+        "EyeCharts", "Saccade %1\nDuration %2 ms\nAmplitude %3 deg\nPeak velocity %4 deg/s"));
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    if (format == m_format && locale == m_locale && msPerSample == m_msPerSample)
+        return;
+    m_format = format;
+    m_locale = locale;
+    m_msPerSample = msPerSample;
+    m_texts.clear();
+}
+
+QString SaccadeToolTips::of(int index, const KiroSaccadeEye& eye)
+{
+    if (std::size_t(index) >= m_texts.size())
+        m_texts.resize(std::size_t(index) + 1);
+    Text& made = m_texts[std::size_t(index)];
+    if (made.text.isNull() || made.duration != eye.duration || made.amplitude != eye.amplitude ||
+        made.peakVelocity != eye.peakVelocity) {
+        made = {double(eye.duration), eye.amplitude, eye.peakVelocity,
+                m_format.arg(m_locale.toString(index + 1),
+                             m_locale.toString(roundHalfUp(eye.duration * m_msPerSample)),
+                             m_locale.toString(eye.amplitude, 'f', 1),
+                             m_locale.toString(eye.peakVelocity, 'f', 1))};
+    }
+    return made.text;
 }
 
 EyeCharts::EyeCharts(const std::array<CurvePlot*, Count>& plots)
@@ -163,22 +171,39 @@ void EyeCharts::setDataTitles(const QString& unit)
         m_charts[std::size_t(i)].plot->setVertTitle(translated(DataTitles[i]).arg(unit));
 }
 
+/// Names and tooltips are made once for all charts.
+void EyeCharts::findVisible(const EyeChartContents& contents, const TimeWindow::Range& range,
+                            double msPerSample)
+{
+    const int type = detectionType();
+    m_currentDrawn = false;
+    m_toolTips.begin(msPerSample);
+    m_leftToolTips.begin(msPerSample);
+    m_visibleSaccades.clear();
+    for (int i = 0; i < contents.saccades.size(); ++i) {
+        const KiroSaccade& saccade = contents.saccades[i];
+        if (!isVisible(saccade, type, range))
+            continue;
+        const KiroSaccadeEye& right = type < 3 ? saccade.main : saccade.right;
+        m_visibleSaccades.push_back({i, QString::number(i), m_toolTips.of(i, right),
+                                     type < 3 ? QString() : m_leftToolTips.of(i, saccade.left)});
+        m_currentDrawn = m_currentDrawn || i == contents.currentSaccade;
+    }
+    m_visibleBlinks.clear();
+    for (int i = 0; i < contents.blinks.size(); ++i) {
+        const KiroBlink& blink = contents.blinks[i];
+        if (!overlaps(blink.start, blink.end, range))
+            continue;
+        const QString toolTip = blinkToolTip(blink, msPerSample);
+        m_visibleBlinks.push_back({i, QStringLiteral("BLINK_%1").arg(i), toolTip, toolTip});
+    }
+}
+
 void EyeCharts::draw(const EyeChartContents& contents, const TimeWindow& window, int scroll,
                      const EyeChartPens& pens)
 {
     const TimeWindow::Range range = window.range(scroll);
-    m_visibleSaccades.clear();
-    for (int i = 0; i < contents.saccades.size(); ++i) {
-        if (isVisible(contents.saccades[i], detectionType(), range))
-            m_visibleSaccades.push_back(i);
-    }
-    m_visibleBlinks.clear();
-    for (int i = 0; i < contents.blinks.size(); ++i) {
-        if (overlaps(contents.blinks[i].start, contents.blinks[i].end, range))
-            m_visibleBlinks.push_back(i);
-    }
-    m_currentDrawn =
-        std::binary_search(m_visibleSaccades.begin(), m_visibleSaccades.end(), contents.currentSaccade);
+    findVisible(contents, range, window.msPerSample());
     for (int i = 0; i < m_used; ++i)
         drawChart(m_charts[std::size_t(i)], contents, window, range, pens);
     for (int i = m_used; i < Count; ++i)
@@ -191,41 +216,42 @@ void EyeCharts::drawChart(EyeChart& chart, const EyeChartContents& contents, con
     const std::vector<double>& samples = chart.samples(contents.eyes);
     const TimeWindow::Range shown = within(range, range.first, range.last, samples.size());
     chart.extents = ChartExtents();
-    for (int i = shown.first; i <= shown.last; ++i)
-        chart.extents.shown.add(samples[std::size_t(i)]);
+    const SamplePoints points(samples, window,
+                              chart.plot->plotArea().width() * chart.plot->devicePixelRatioF());
 
     chart.plot->setCurveCount(int(1 + m_visibleSaccades.size() + m_visibleBlinks.size()));
     CurvePlot::CurveIterator curve = chart.plot->curve(0);
-    const auto set = [&](const QString& name, const QPen& pen, const TimeWindow::Range& part,
+    const auto set = [&](const QString& name, const QPen& pen, const QVector<QPointF>& data,
                          const QString& toolTip) {
         curve->setName(name);
         curve->setPen(pen);
-        curve->setStyle(Curve::Plain);
+        if (curve->style() != Curve::Plain)
+            curve->setStyle(Curve::Plain);
         curve->setToolTip(toolTip);
-        curve->setData(pointsOf(samples, window, part));
+        curve->setData(data);
         ++curve;
     };
-    set(QString(), pens.signal, shown, QString());
+    set(QString(), pens.signal, points.of(shown, chart.extents.shown), QString());
     const bool right = chart.axis == EyeAxis::RightHorizontal || chart.axis == EyeAxis::RightVertical;
-    for (const int number : m_visibleSaccades) {
-        const KiroSaccadeEye& eye = chart.block(contents.saccades[number], detectionType());
-        const bool current = number == contents.currentSaccade;
+    for (const VisibleMark& mark : m_visibleSaccades) {
+        const KiroSaccadeEye& eye = chart.block(contents.saccades[mark.index], detectionType());
+        const bool current = mark.index == contents.currentSaccade;
         if (current) {
             const TimeWindow::Range whole = within({0, eye.end}, eye.start, eye.end, samples.size());
             for (int i = whole.first; i <= whole.last; ++i)
                 chart.extents.saccade.add(samples[std::size_t(i)]);
         }
-        set(QString::number(number),
+        set(mark.name,
             current ? pens.selected
             : right ? pens.right
                     : pens.left,
-            within(range, eye.start, eye.end, samples.size()),
-            saccadeToolTip(number + 1, eye, window.msPerSample()));
+            points.of(within(range, eye.start, eye.end, samples.size())),
+            right ? mark.toolTip : mark.leftToolTip);
     }
-    for (const int number : m_visibleBlinks) {
-        const KiroBlink& blink = contents.blinks[number];
-        set(QStringLiteral("BLINK_%1").arg(number), pens.blinks,
-            within(range, blink.start, blink.end, samples.size()), blinkToolTip(blink, window.msPerSample()));
+    for (const VisibleMark& mark : m_visibleBlinks) {
+        const KiroBlink& blink = contents.blinks[mark.index];
+        set(mark.name, pens.blinks, points.of(within(range, blink.start, blink.end, samples.size())),
+            mark.toolTip);
     }
     chart.plot->setHorzMinMax(window.secondsOf(range.first), window.secondsOf(range.first + window.room()));
     chart.plot->adjustGrid();
@@ -297,7 +323,7 @@ void EyeCharts::setMark(const EyeSignals& eyes, const TimeWindow& window, int fi
         const TimeWindow::Range part = within({0, last}, first, last, samples.size());
         const auto curve = chart.plot->curve(m_marks[std::size_t(i)]);
         if (curve != chart.plot->curveListEnd())
-            curve->setData(pointsOf(samples, window, part));
+            curve->setData(SamplePoints(samples, window).of(part));
         chart.plot->update();
     }
 }

@@ -6,6 +6,7 @@
 #include "timewindow.h"
 
 #include <QList>
+#include <QLocale>
 #include <QPen>
 
 #include <array>
@@ -44,6 +45,30 @@ struct EyeChartContents
     const QList<KiroSaccade>& saccades;
     const QList<KiroBlink>& blinks;
     int currentSaccade = -1;
+};
+
+/// Texts on saccades, made anew only where what they tell has changed: a redraw of many needs them all.
+class SaccadeToolTips
+{
+public:
+    /// Before the others of a redraw: which language they are in, and how long a sample is.
+    void begin(double msPerSample);
+    /// Of the saccade at `index`, from 0, with the measures of one eye.
+    QString of(int index, const KiroSaccadeEye& eye);
+
+private:
+    struct Text
+    {
+        double duration = 0.0; ///< what the text tells
+        double amplitude = 0.0;
+        double peakVelocity = 0.0;
+        QString text; ///< null if it is not made
+    };
+
+    QString m_format;
+    QLocale m_locale;
+    double m_msPerSample = 0.0;
+    std::vector<Text> m_texts;
 };
 
 /// The eight chart slots of a saccades browser: of right and left eye, horizontal and vertical, position and
@@ -91,6 +116,16 @@ public:
     void endMark();
 
 private:
+    /// A saccade or blink in the window, with what all charts call it.
+    struct VisibleMark
+    {
+        int index = 0; ///< in its list
+        QString name;
+        QString toolTip;     ///< of the right eye's charts, or of all
+        QString leftToolTip; ///< of the left eye's charts
+    };
+
+    void findVisible(const EyeChartContents& contents, const TimeWindow::Range& range, double msPerSample);
     void drawChart(EyeChart& chart, const EyeChartContents& contents, const TimeWindow& window,
                    const TimeWindow::Range& range, const EyeChartPens& pens);
     void applyScale(const EyeChart& chart, const ScaleRange& range);
@@ -99,7 +134,9 @@ private:
     std::array<EyeChart, Count> m_charts;
     int m_used = 0;
     bool m_currentDrawn = false;
-    std::vector<int> m_visibleSaccades;
-    std::vector<int> m_visibleBlinks;
+    SaccadeToolTips m_toolTips;     // of the right eye's charts, or of all
+    SaccadeToolTips m_leftToolTips; // of the left eye's charts
+    std::vector<VisibleMark> m_visibleSaccades;
+    std::vector<VisibleMark> m_visibleBlinks;
     std::array<int, Count> m_marks{}; // curves, while one is marked
 };

@@ -21,6 +21,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QTimer>
 
 namespace
 {
@@ -178,7 +179,10 @@ void SaccadeCenter::detectIn(const QString& path, bool blinksHorizontal)
     if (!eyes)
         return;
     EyeLoadOptions options;
-    options.frequency = header.signalFrequency((*eyes)[EyeAxis::RightHorizontal].signalIndex);
+    // Without that signal loading fails, and says so.
+    const EyeSignal& first = (*eyes)[EyeAxis::RightHorizontal];
+    if (first.isSet())
+        options.frequency = header.signalFrequency(first.signalIndex);
     options.askFactor = [this](const KiroSignal& descriptor) {
         return askFactor(descriptor.fullName.toQString());
     };
@@ -310,6 +314,10 @@ void SaccadeCenter::on_actionFileSaveAs_triggered()
 /// Offers the edits that a crash left: to a window that shows nothing all of them, else those of its files.
 void SaccadeCenter::offerLeftEdits()
 {
+    if (isBlocked()) {
+        QTimer::singleShot(BlockedMs, this, &SaccadeCenter::offerLeftEdits);
+        return;
+    }
     for (LeftEdits& edits : EditJournal::leftBehind(EditJournal::journalFolder())) {
         const SaccadeState& state = m_document.state();
         const bool ofThis = edits.saccadeFile() == state.saccadeFile && edits.dataFile() == state.dataFile;

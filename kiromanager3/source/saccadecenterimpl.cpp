@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QFormLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QMimeData>
@@ -67,6 +68,22 @@ QString detectionTypeText(int type)
     }
 }
 
+/// A text that changes, of a label whose accessible name is what it stands for.
+void tell(QLabel* label, const QString& text)
+{
+    label->setText(text);
+    label->setAccessibleDescription(text);
+}
+
+/// Makes the captions of a form the names of what stands beside them.
+void nameByCaptions(const QFormLayout& form)
+{
+    for (int row = 0; row < form.rowCount(); ++row) {
+        auto* const caption = qobject_cast<QLabel*>(form.itemAt(row, QFormLayout::LabelRole)->widget());
+        caption->setBuddy(form.itemAt(row, QFormLayout::FieldRole)->widget());
+    }
+}
+
 /// Room for a text, so that nothing moves while it changes.
 void keepRoomFor(QLabel* label, const QString& text)
 {
@@ -88,6 +105,7 @@ SaccadeCenter::SaccadeCenter(QWidget* parent)
     setUpCharts();
     setUpActions();
     setUpSidePanel();
+    setUpTabOrder();
     loadSettings();
     muteHint();
     connect(&m_document, &SaccadeDocument::changed, this, &SaccadeCenter::onDocumentChanged);
@@ -224,6 +242,8 @@ void SaccadeCenter::setUpSidePanel()
     for (QRadioButton* radio : {m_ui->radioVelAuto, m_ui->radioVelConst, m_ui->radioVelFit})
         connect(radio, &QAbstractButton::clicked, this, [this] { resetVelocityScale(); });
 
+    nameByCaptions(*m_ui->layoutMeasures);
+    nameByCaptions(*m_ui->layoutDetection);
     keepRoomFor(m_ui->labelTimeWindow, numberFormat().toString(60.0, 'f', 4));
     keepRoomFor(m_ui->labelCurrent, QStringLiteral("00000 / 00000"));
     for (QLabel* label : {m_ui->labelBegin, m_ui->labelDetectedType})
@@ -236,6 +256,30 @@ void SaccadeCenter::setUpSidePanel()
     constexpr int WidthInLetters = 160;
     constexpr int HeightInLines = 48;
     resize(WidthInLetters * fontMetrics().averageCharWidth(), HeightInLines * fontMetrics().height());
+}
+
+/// Tab goes to the charts first, and from them to what stands below and beside them.
+void SaccadeCenter::setUpTabOrder()
+{
+    QWidgetList plots;
+    for (int i = 0; i < EyeCharts::Count; ++i)
+        plots << (*m_eyeCharts)[i].plot;
+    QWidgetList controls;
+    for (QWidget* next = m_ui->buttonTimeZoomOut; !plots.contains(next); next = next->nextInFocusChain()) {
+        if (next->focusPolicy() != Qt::NoFocus)
+            controls << next;
+    }
+    // The charts stand at the end of a circle, where Qt sees them as ahead of the rest already and moves
+    // nothing. So the rest goes behind the first of them, and then the other charts go between.
+    const auto chain = [&plots](const QWidgetList& widgets) {
+        QWidget* before = plots.constFirst();
+        for (QWidget* widget : widgets) {
+            setTabOrder(before, widget);
+            before = widget;
+        }
+    };
+    chain(controls);
+    chain(plots.mid(1));
 }
 
 void SaccadeCenter::muteHint()
@@ -279,6 +323,16 @@ void SaccadeCenter::showEvent(QShowEvent* event)
     QTimer::singleShot(0, this, &SaccadeCenter::offerLeftEdits);
 }
 
+void SaccadeCenter::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    // Curves have the points that the width of their charts can show, which these get after this event.
+    QTimer::singleShot(0, this, [this] {
+        if (m_document.sampleCount() > 0 && m_drag.kind == Drag::None)
+            redraw(false);
+    });
+}
+
 void SaccadeCenter::closeEvent(QCloseEvent* event)
 {
     if (!settleUnsaved(Before::Closing)) {
@@ -290,11 +344,27 @@ void SaccadeCenter::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
+/// Whether a dialog keeps this window from the user, whose answer is about what the window shows now.
+bool SaccadeCenter::isBlocked() const
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [this](const QWidget* window) {
+        const bool ours = window->parentWidget() && window->parentWidget()->window() == this;
+        return window->isVisible() && (window->windowModality() == Qt::ApplicationModal ||
+                                       (window->windowModality() == Qt::WindowModal && ours));
+    });
+}
+
 void SaccadeCenter::customEvent(QEvent* event)
 {
     if (event->type() != OpenFileEvent::Number)
         return;
     const QString path = static_cast<OpenFileEvent*>(event)->path();
+    if (isBlocked()) {
+        QTimer::singleShot(BlockedMs, this,
+                           [this, path] { QCoreApplication::postEvent(this, new OpenFileEvent(path)); });
+        return;
+    }
     const bool recording = path.endsWith(QLatin1String(".kiro"), Qt::CaseInsensitive);
     if (!settleUnsaved(recording ? Before::Detecting : Before::Opening))
         return;
@@ -378,19 +448,11 @@ void SaccadeCenter::arrangeCharts()
         if (i < used)
             m_ui->layoutCharts->addWidget(plot, i % ChartsOfAnEye, i / ChartsOfAnEye);
     }
-    QWidget* before = m_ui->scrollTime;
-    for (int i = 0; i < used; ++i) {
-        QWidget* const plot = (*m_eyeCharts)[i].plot;
-        if (i == 0)
-            setTabOrder(plot, m_ui->scrollTime);
-        else
-            setTabOrder(before, plot);
-        before = plot;
-    }
 }
 
 void SaccadeCenter::showData()
 {
+    endDrag();
     m_eyeCharts->setDetectionType(m_document.eyes().detectionType);
     m_eyeCharts->setDataTitles(EyeUnit);
     arrangeCharts();
@@ -420,10 +482,16 @@ void SaccadeCenter::setScroll(int value)
 void SaccadeCenter::redraw(bool resetScales)
 {
     const SaccadePlotLook& look = m_settings.plot;
+    // The curve of a new saccade stands behind those that are drawn anew; the next move fills it.
+    const bool adding = m_drag.kind == Drag::Adding;
+    if (adding)
+        m_eyeCharts->endMark();
     m_eyeCharts->draw(
         {m_document.eyes(), m_document.saccades(), m_document.blinks(), m_document.currentSaccade()},
         m_timeWindow, m_ui->scrollTime->value(),
         {look.eyeSignal, look.saccadeLeft, look.saccadeRight, look.saccadeSelected, look.blinks});
+    if (adding)
+        m_eyeCharts->beginMark();
     if (resetScales) {
         resetPositionScale();
         resetVelocityScale();
@@ -459,7 +527,7 @@ void SaccadeCenter::zoomTime(bool in)
 
 void SaccadeCenter::showTimeWindow()
 {
-    m_ui->labelTimeWindow->setText(numberFormat().toString(m_timeWindow.length() / 1000.0, 'f', 2));
+    tell(m_ui->labelTimeWindow, numberFormat().toString(m_timeWindow.length() / 1000.0, 'f', 2));
     m_ui->buttonTimeZoomIn->setEnabled(m_timeWindow.length() > TimeWindow::LeastLength);
     m_ui->buttonTimeZoomOut->setEnabled(TimeWindow::GreatestLength > m_timeWindow.length());
 }
@@ -553,8 +621,8 @@ void SaccadeCenter::showSaccade()
     m_ui->captionFixation->setText(withUnit(tr("Fixation"), durationUnitName(unit)));
     const QList<KiroSaccade>& saccades = m_document.saccades();
     const bool any = !saccades.isEmpty();
-    m_ui->labelCurrent->setText(
-        tr("%1 / %2").arg(any ? m_document.currentSaccade() + 1 : 0).arg(saccades.size()));
+    tell(m_ui->labelCurrent,
+         tr("%1 / %2").arg(any ? m_document.currentSaccade() + 1 : 0).arg(saccades.size()));
     const QList<QLabel*> labels = {m_ui->labelBegin,    m_ui->labelEnd,       m_ui->labelDuration,
                                    m_ui->labelFixation, m_ui->labelAmplitude, m_ui->labelPeakVelocity};
     if (!any) {

@@ -7,6 +7,7 @@
 
 #include <QMainWindow>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -51,6 +52,7 @@ public slots:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void customEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -99,16 +101,21 @@ private:
         int pressX = 0;
         int pressY = 0;
         int pressScroll = 0;
-        ScaleRange pressVert;
+        std::array<ScaleRange, EyeCharts::Count> pressVert; ///< of all slots
     };
+
+    /// Milliseconds after which what had to wait for a dialog is tried again.
+    static constexpr int BlockedMs = 100;
 
     void setUpCharts();
     void setUpActions();
     void setUpSidePanel();
+    void setUpTabOrder();
     void muteHint();
     void loadSettings();
     void saveSettings();
 
+    bool isBlocked() const;
     bool settleUnsaved(Before before);
     void detect(bool blinksHorizontal);
     bool openRecording(KiroReader& reader, const QString& path, const QString& unreadable,
@@ -139,6 +146,7 @@ private:
     void showFiles();
     void onDocumentChanged();
     void enableActions();
+    void endDrag();
     void pan(int x, int y);
     void mark(int x);
     void add(double t0, double t1);

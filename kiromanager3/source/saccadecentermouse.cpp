@@ -17,20 +17,32 @@
 void SaccadeCenter::onPlotMousePress(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
 {
     const int slot = m_eyeCharts->slotOf(sender());
-    if (slot < 0 || button != Qt::LeftButton || m_drag.kind != Drag::None)
+    if (slot < 0 || button != Qt::LeftButton)
         return;
-    const CurvePlot& plot = *(*m_eyeCharts)[slot].plot;
-    m_drag = Drag();
+    // A dialog in the middle of the last drag may have taken its release.
+    endDrag();
     m_drag.kind = modifiers & Qt::ShiftModifier ? Drag::Adding : Drag::Panning;
     m_drag.slot = slot;
     m_drag.pressX = x;
     m_drag.pressY = y;
     m_drag.pressScroll = m_ui->scrollTime->value();
-    m_drag.pressVert = {plot.vertMin(), plot.vertMax()};
+    for (int i = 0; i < m_eyeCharts->usedCharts(); ++i) {
+        const CurvePlot& plot = *(*m_eyeCharts)[i].plot;
+        m_drag.pressVert[std::size_t(i)] = {plot.vertMin(), plot.vertMax()};
+    }
     if (m_drag.kind == Drag::Adding) {
         m_ui->pageCharts->setCursor(Qt::IBeamCursor);
         m_eyeCharts->beginMark();
     }
+}
+
+/// Ends a drag, if there is one, with nothing added.
+void SaccadeCenter::endDrag()
+{
+    if (m_drag.kind == Drag::Adding)
+        m_eyeCharts->endMark();
+    m_drag = Drag();
+    m_ui->pageCharts->unsetCursor();
 }
 
 void SaccadeCenter::onPlotMouseMove(int x, int y)
@@ -44,12 +56,18 @@ void SaccadeCenter::onPlotMouseMove(int x, int y)
         mark(x);
 }
 
+/// Moves the chart of the drag, and the others of its kind by as much.
 void SaccadeCenter::pan(int x, int y)
 {
     const EyeChart& chart = (*m_eyeCharts)[m_drag.slot];
     const double up = chart.plot->vertPoints2Scale(y - m_drag.pressY);
-    chart.plot->setVertMinMax(m_drag.pressVert.min + up, m_drag.pressVert.max + up);
-    chart.plot->adjustGrid();
+    for (int i = 0; i < m_eyeCharts->usedCharts(); ++i) {
+        const EyeChart& follower = (*m_eyeCharts)[i];
+        if (follower.velocity != chart.velocity)
+            continue;
+        const ScaleRange& press = m_drag.pressVert[std::size_t(i)];
+        follower.plot->setVertMinMax(press.min + up, press.max + up);
+    }
     constexpr double MsPerSecond = 1000.0;
     const double later = chart.plot->horzPoints2Scale(m_drag.pressX - x) * MsPerSecond;
     setScroll(m_drag.pressScroll + roundHalfUp(later));
@@ -77,11 +95,9 @@ void SaccadeCenter::onPlotMouseRelease(int x, int, Qt::MouseButton button, Qt::K
     if (slot < 0 || button != Qt::LeftButton || m_drag.kind == Drag::None)
         return;
     const Drag drag = m_drag;
-    m_drag = Drag();
-    m_ui->pageCharts->unsetCursor();
+    endDrag();
     if (drag.kind != Drag::Adding)
         return;
-    m_eyeCharts->endMark();
     const CurvePlot& plot = *(*m_eyeCharts)[drag.slot].plot;
     add(plot.horzScaleValue(std::min(drag.pressX, x)), plot.horzScaleValue(std::max(drag.pressX, x)));
 }

@@ -17,6 +17,13 @@ QList<Record> listOf(const std::vector<Record>& records)
     return QList<Record>(records.begin(), records.end());
 }
 
+/// Also by different paths; false if there is none at one of them.
+bool isSameFile(const QString& a, const QString& b)
+{
+    const QString canonical = QFileInfo(a).canonicalFilePath();
+    return !canonical.isEmpty() && canonical == QFileInfo(b).canonicalFilePath();
+}
+
 /// Sample that the user looks at.
 int shownPlace(const SaccadeState& state)
 {
@@ -202,9 +209,10 @@ void SaccadeDocument::onUndoIndexChanged()
     if (m_undo.count() == 0)
         return;
     settle();
-    if (isModified())
+    // After a failed save the state that counts as saved is in no file.
+    if (isModified() || m_saveFailed)
         m_journal->keep(m_state);
-    else if (!m_saveFailed)
+    else
         m_journal->drop();
     emit changed();
     emit stateChanged();
@@ -237,6 +245,10 @@ bool SaccadeDocument::save()
 
 bool SaccadeDocument::saveAs(const QString& path)
 {
+    if (isSameFile(path, m_state.dataFile)) {
+        m_error = tr("this is the recording itself");
+        return false;
+    }
     fillHeader();
     KiroSaccHeader& header = m_state.header;
     const KiroString oldAbsolute = header.dataFile;

@@ -3,6 +3,7 @@
 #include "kiroheader.h"
 #include "kiroreader.h"
 #include "kirosaccheader.h"
+#include "kiroutils.h"
 #include "samplefilters.h"
 
 #include <QCoreApplication>
@@ -139,6 +140,8 @@ bool EyeLoader::readAll()
 bool EyeLoader::calibrate(EyeSignal& signal)
 {
     if (m_options.velocities) {
+        signal.velocity.reserve(signal.position.size());
+        adviseLargePages(signal.velocity.data(), signal.velocity.capacity() * sizeof(double));
         signal.velocity.assign(signal.position.size(), 0.0);
         velocitySavitzkyGolay11(signal.position, signal.velocity, true);
     }

@@ -1,11 +1,9 @@
 #include "columnfill.h"
 
-#include "columnspans.h"
-#include "stripsink.h"
-
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <tuple>
 
 namespace
 {
@@ -60,17 +58,22 @@ private:
     double m_middle = 0.0;
 };
 
-/// What the line of a run lights, without the width of its pen.
-std::vector<ColumnSpan> spansOf(const QPointF* points, int count, const QRect& canvas)
+/// Adds the line of a run to what is lit, without the width of its pen.
+void addRun(const CurveTrace& trace, int run, ColumnRaster& raster)
 {
-    ColumnRaster raster(canvas);
+    const QPointF* const points = trace.points().constData() + trace.runStart(run);
+    const int count = trace.runEnd(run) - trace.runStart(run);
     const bool rightwards = points[count - 1].x() >= points[0].x();
     for (int i = 0; i < count; ++i) {
         const QPointF& point = points[rightwards ? i : count - 1 - i];
         raster.lineTo(point.x(), point.y());
     }
     raster.gap();
-    return raster.spans();
+}
+
+double leftEnd(const CurveTrace& trace, int run)
+{
+    return std::min(trace.points()[trace.runStart(run)].x(), trace.points()[trace.runEnd(run) - 1].x());
 }
 
 } // namespace
@@ -81,9 +84,9 @@ std::vector<QRect> columnsOf(const CurveTrace& trace, const QRect& canvas, doubl
     const RoundPen pen(width);
     std::vector<QRect> columns;
     for (int run = 0; run < trace.runCount(); ++run) {
-        const int start = trace.runStart(run);
-        std::vector<ColumnSpan> spans =
-            pen.widened(spansOf(trace.points().constData() + start, trace.runEnd(run) - start, canvas));
+        ColumnRaster raster(canvas);
+        addRun(trace, run, raster);
+        std::vector<ColumnSpan> spans = pen.widened(raster.spans());
         Dashes dashing(width, dashes);
         const auto isGap = [&](const ColumnSpan& span) { return dashing.isGap(span); };
         spans.erase(std::remove_if(spans.begin(), spans.end(), isGap), spans.end());
@@ -91,4 +94,40 @@ std::vector<QRect> columnsOf(const CurveTrace& trace, const QRect& canvas, doubl
         columns.insert(columns.end(), rects.begin(), rects.end());
     }
     return columns;
+}
+
+ColumnFill::ColumnFill(const QRect& canvas, double width)
+    : m_canvas(canvas)
+    , m_width(width)
+    , m_raster(canvas)
+{
+}
+
+void ColumnFill::add(const CurveTrace& trace)
+{
+    for (int run = 0; run < trace.runCount(); ++run) {
+        const std::vector<ColumnSpan>& lit = m_raster.spans();
+        if (!lit.empty() && leftEnd(trace, run) < lit.back().column) {
+            m_before.insert(m_before.end(), lit.begin(), lit.end());
+            m_raster = ColumnRaster(m_canvas);
+        }
+        addRun(trace, run, m_raster);
+    }
+}
+
+std::vector<QRect> ColumnFill::rects() const
+{
+    const RoundPen pen(m_width);
+    if (m_before.empty())
+        return rectsOf(pen.widened(m_raster.spans()));
+    std::vector<ColumnSpan> spans = m_before;
+    spans.insert(spans.end(), m_raster.spans().begin(), m_raster.spans().end());
+    const auto isBefore = [](const ColumnSpan& a, const ColumnSpan& b) {
+        return std::tie(a.column, a.top) < std::tie(b.column, b.top);
+    };
+    std::sort(spans.begin(), spans.end(), isBefore);
+    SpanList merged;
+    for (const ColumnSpan& span : spans)
+        merged.add(span);
+    return rectsOf(pen.widened(merged.spans()));
 }

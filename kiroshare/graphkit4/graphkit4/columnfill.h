@@ -1,6 +1,8 @@
 #pragma once
 
+#include "columnspans.h"
 #include "curvetrace.h"
+#include "stripsink.h"
 
 #include <QRect>
 #include <QVector>
@@ -16,3 +18,23 @@
 /// beside `canvas`. The trace's x is monotonous within each run.
 std::vector<QRect> columnsOf(const CurveTrace& trace, const QRect& canvas, double width,
                              const QVector<qreal>& dashes);
+
+/// The columns of many dense solid lines with one pen, taken together: what several of them light is given
+/// once, so that lines close to each other cost little more than one. No pixel is covered twice.
+///
+/// `width` and `canvas` as for columnsOf().
+class ColumnFill
+{
+public:
+    ColumnFill(const QRect& canvas, double width);
+
+    void add(const CurveTrace& trace);
+    /// What columnsOf() lights for all traces.
+    std::vector<QRect> rects() const;
+
+private:
+    QRect m_canvas;
+    double m_width;
+    ColumnRaster m_raster;            ///< lines that go on to the right of each other
+    std::vector<ColumnSpan> m_before; ///< of the lines before those, in any order
+};

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace
@@ -103,7 +104,7 @@ public:
     }
     ~CurvePainter()
     {
-        flushCanvas();
+        flush();
         m_painter.setWorldTransform(m_logical);
     }
     CurvePainter(const CurvePainter&) = delete;
@@ -147,6 +148,17 @@ private:
         pen.setCosmetic(false);
         return pen;
     }
+    /// As penOf(); many curves with the same pen one after the other get it faster.
+    const QPen& linePenOf(const Curve& curve)
+    {
+        const QPen source = curve.hasPen() ? curve.pen() : QPen(m_view.foreground);
+        if (!m_hasLinePen || source != m_linePenSource) {
+            m_linePenSource = source;
+            m_linePen = penOf(curve);
+            m_hasLinePen = true;
+        }
+        return m_linePen;
+    }
     /// With the room outside of the area from which a line or mark still reaches into it.
     DeviceView viewFor(const Curve& curve, double markWidth = 0.0) const
     {
@@ -160,6 +172,7 @@ private:
     bool isCheap(const QList<Curve>& curves, const QVector<int>& order)
     {
         double cost = 0.0;
+        m_traces.reserve(static_cast<std::size_t>(order.size()));
         for (const int index : order) {
             const Curve& curve = curves[index];
             if (!curve.isVisible() || curve.style() == Curve::Characters || isDots(curve))
@@ -185,7 +198,7 @@ private:
     {
         if (trace.runCount() == 0)
             return;
-        const QPen pen = penOf(curve);
+        const QPen& pen = linePenOf(curve);
         const bool opaque = pen.brush().isOpaque();
         // In whole columns a dense line is crisp. Among many lines the canvas draws such columns as well.
         const bool columns = isDashed(pen) ? curve.extent().ordered && isCrowded(trace)
@@ -206,19 +219,48 @@ private:
     void drawColumns(const Curve& curve, const CurveTrace& trace, const QPen& pen)
     {
         flushCanvas();
-        const QVector<qreal> dashes = isDashed(pen) ? pen.dashPattern() : QVector<qreal>();
         const QRect canvas = viewFor(curve).clip.toAlignedRect();
-        const std::vector<QRect> columns = columnsOf(trace, canvas, pen.widthF(), dashes);
+        if (isDashed(pen) || !pen.brush().isOpaque()) {
+            flushColumns();
+            fillRects(
+                columnsOf(trace, canvas, pen.widthF(), isDashed(pen) ? pen.dashPattern() : QVector<qreal>()),
+                pen.brush());
+            return;
+        }
+        // It does not show in what order opaque columns of one colour are drawn.
+        if (m_columns && (pen.widthF() != m_columnPen.widthF() || pen.brush() != m_columnPen.brush()))
+            flushColumns();
+        if (!m_columns) {
+            m_columns.emplace(canvas, pen.widthF());
+            m_columnPen = pen;
+        }
+        m_columns->add(trace);
+    }
+    void flushColumns()
+    {
+        if (!m_columns)
+            return;
+        fillRects(m_columns->rects(), m_columnPen.brush());
+        m_columns.reset();
+    }
+    void fillRects(const std::vector<QRect>& rects, const QBrush& brush)
+    {
         m_painter.setPen(Qt::NoPen);
-        m_painter.setBrush(pen.brush());
+        m_painter.setBrush(brush);
         m_painter.setRenderHint(QPainter::Antialiasing, false);
-        m_painter.drawRects(columns.data(), static_cast<int>(columns.size()));
+        m_painter.drawRects(rects.data(), static_cast<int>(rects.size()));
         m_painter.setBrush(Qt::NoBrush);
+    }
+    /// Before anything is drawn over what is still to be drawn.
+    void flush()
+    {
+        flushColumns();
+        flushCanvas();
     }
 
     void drawPolylines(const CurveTrace& trace, const QPen& pen)
     {
-        flushCanvas();
+        flush();
         m_painter.setRenderHint(QPainter::Antialiasing, m_isFine);
         setPen(pen);
         const QPointF* points = trace.points().constData();
@@ -264,7 +306,7 @@ private:
         const QVector<QPointF> pixels = pixelsOfPoints(curve, viewFor(curve, width));
         if (pixels.isEmpty())
             return;
-        flushCanvas();
+        flush();
         if (pixels.size() <= MostRoundDots)
             drawRoundDots(pixels, pen, width);
         else
@@ -303,7 +345,7 @@ private:
             drawDots(curve);
             return;
         }
-        flushCanvas();
+        flush();
         const QSizeF size = glyph.run.boundingRect().size();
         const DeviceView view = viewFor(curve, std::max(size.width(), size.height()) * m_toDevice.m11());
         const QTransform fromDevice = m_toDevice.inverted();
@@ -324,6 +366,7 @@ private:
     /// False if lines have to be drawn by QPainter.
     bool prepareCanvas()
     {
+        flushColumns();
         if (m_canvas)
             return true;
         const QRect rect = m_deviceArea.toAlignedRect();
@@ -353,6 +396,11 @@ private:
     bool m_isImage = false;
     bool m_isFine = true;
     std::vector<CurveTrace> m_traces;
+    std::optional<ColumnFill> m_columns; // not drawn yet, and their pen
+    QPen m_columnPen;
+    bool m_hasLinePen = false;
+    QPen m_linePenSource; // as the last curve has it
+    QPen m_linePen;       // as it is drawn
     std::unique_ptr<LineCanvas> m_canvas;
     int m_canvasCount = 0;
 };

@@ -10,6 +10,10 @@ namespace
 constexpr double FarPixel = 1e12;
 /// A line of points this much closer than pixels is reduced column by column.
 constexpr double DensePointsPerColumn = 2.0;
+/// So is one that hardly goes aside: as columns it is crisp, and many of them cost little.
+constexpr double NarrowPixels = 1.5;
+constexpr int PointsOfAColumn = 4;
+constexpr int MostPointsReserved = 4096;
 constexpr double TooNear = 0.5;
 /// Fewer points are not worth a look at what was drawn before.
 constexpr int ManyPoints = 2000;
@@ -19,6 +23,12 @@ constexpr double MostPixelsKnown = 1e9;
 bool isFinite(const QPointF& point)
 {
     return std::isfinite(point.x()) && std::isfinite(point.y());
+}
+
+bool isWithin(const QRectF& rect, const QPointF& point)
+{
+    return point.x() >= rect.left() && point.x() <= rect.right() && point.y() >= rect.top() &&
+           point.y() <= rect.bottom();
 }
 
 /// Cuts [from, to], shares of a line, at one edge: `step` is how fast the line goes outwards, `room` how far
@@ -84,7 +94,7 @@ bool DeviceView::shows(const Curve::Extent& extent) const
 
 bool clipLine(const QRectF& rect, QPointF& from, QPointF& to)
 {
-    if (rect.contains(from) && rect.contains(to))
+    if (isWithin(rect, from) && isWithin(rect, to))
         return true;
     const QPointF step = to - from;
     double start = 0.0;
@@ -295,13 +305,19 @@ CurveTrace::CurveTrace(const Curve& curve, const DeviceView& view)
     const PointRange range = pointsInView(curve, view.horz, view.clip.left(), view.clip.right());
     const QPointF* points = curve.points().constData();
     CurveTracer tracer(*this, view.clip);
+    int mostPoints = range.last - range.first;
     if (extent.ordered && range.last > range.first) {
         const double from =
             std::clamp(view.horz.at(points[range.first].x()), view.clip.left(), view.clip.right());
         const double to =
             std::clamp(view.horz.at(points[range.last - 1].x()), view.clip.left(), view.clip.right());
-        m_dense = range.last - range.first > DensePointsPerColumn * (std::abs(to - from) + 1.0);
+        const double width = std::abs(to - from);
+        m_dense = range.last - range.first > DensePointsPerColumn * (width + 1.0) ||
+                  (range.last - range.first > 1 && width < NarrowPixels);
+        if (m_dense)
+            mostPoints = static_cast<int>(std::min<double>(mostPoints, PointsOfAColumn * (width + 2.0)));
     }
+    m_points.reserve(std::min(mostPoints, MostPointsReserved) + 2);
     if (m_dense)
         traceColumns(curve, view, range, tracer);
     else

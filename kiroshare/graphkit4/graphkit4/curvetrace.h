@@ -4,6 +4,7 @@
 
 #include <QPointF>
 #include <QRectF>
+#include <QVarLengthArray>
 #include <QVector>
 
 /// Where the values of one axis lie on a device, in its own pixels.
@@ -57,7 +58,7 @@ private:
     friend class CurveTracer;
 
     QVector<QPointF> m_points;
-    QVector<int> m_runEnds;
+    QVarLengthArray<int, 4> m_runEnds;
     bool m_dense = false;
     double m_ink = 0.0;
 };

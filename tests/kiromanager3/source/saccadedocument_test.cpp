@@ -194,6 +194,40 @@ TEST_F(SaccadeDocumentTest, KeepsWhatCouldNotBeSavedWhenSomethingElseIsShown)
     EXPECT_EQ(left[0].saccadeFile(), saccadeFile());
 }
 
+TEST_F(SaccadeDocumentTest, KeepsTheLastStateAfterAFailedSaveAlsoThroughUndoAndRedo)
+{
+    {
+        SaccadeDocument document(journalFolder());
+        ASSERT_NO_FATAL_FAILURE(failToSave(document));
+        document.undoStack().undo();
+        EXPECT_TRUE(document.isModified());
+        document.undoStack().redo();
+        EXPECT_FALSE(document.isModified());
+        EXPECT_EQ(document.saccades().size(), 4);
+        document.forget();
+    }
+    const auto left = EditJournal::leftBehind(journalFolder());
+    ASSERT_EQ(left.size(), 1u);
+    SaccadeState state;
+    ASSERT_TRUE(left[0].read(state));
+    EXPECT_EQ(state.saccades.size(), 4) << "as it was when the window closed";
+}
+
+TEST_F(SaccadeDocumentTest, NeverSavesOverTheRecording)
+{
+    SaccadeDocument document(journalFolder());
+    detect(document);
+    const std::string bytes = fileBytes(KiroString(recording()));
+    ASSERT_TRUE(QFile::link(recording(), m_folder.path(QStringLiteral("link.sacc"))));
+    for (const QString& path : {recording(), m_folder.path(QStringLiteral("link.sacc"))}) {
+        EXPECT_FALSE(document.saveAs(path));
+        EXPECT_EQ(document.error(), QStringLiteral("this is the recording itself"));
+    }
+    EXPECT_TRUE(fileBytes(KiroString(recording())) == bytes);
+    EXPECT_TRUE(document.isModified());
+    EXPECT_TRUE(document.state().saccadeFile.isEmpty());
+}
+
 TEST_F(SaccadeDocumentTest, UndoesAndRedoesEdits)
 {
     SaccadeDocument document(journalFolder());

@@ -140,6 +140,17 @@ TEST(TimeWindow, EndsWithTheLastSample)
     EXPECT_EQ(window.room(), 3000);
 }
 
+TEST(TimeWindow, ReachesTheEndOfADayAtAThousandHertz)
+{
+    constexpr int Day = 86400000;
+    TimeWindow window = windowOf(60000.0, Day);
+    EXPECT_EQ(window.scrollMaximum(), Day - 1 - 60000);
+    EXPECT_EQ(window.range(window.scrollMaximum()).last, Day - 1);
+    EXPECT_EQ(window.scrollToCentre(Day - 1), Day - 1 - 30000);
+    EXPECT_EQ(window.scrollAfterWheel(Day - 60001, 120), Day - 60001 - 12000);
+    EXPECT_EQ(window.secondsOf(Day - 1), 86399.999);
+}
+
 TEST(TimeWindow, ShowsNothingWithoutSamples)
 {
     const TimeWindow window = windowOf(3000.0, 0);

@@ -349,6 +349,50 @@ TEST(ColumnFillTest, SteepPartsAreNotLostInGaps)
     }
 }
 
+class ColumnFillOfManyTest : public testing::TestWithParam<double>
+{
+};
+
+/// Narrow and wide lines, some beside the canvas, from left to right or in any order.
+TEST_P(ColumnFillOfManyTest, LightsWhatTheLinesLightOneByOne)
+{
+    const QRect canvas(0, 0, 100, 50);
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        std::minstd_rand generator(seed + 1);
+        std::uniform_real_distribution<double> heights(-10.0, 60.0);
+        std::uniform_real_distribution<double> places(-5.0, 105.0);
+        std::uniform_real_distribution<double> widths(0.1, seed % 5 == 0 ? 20.0 : 2.0);
+        ColumnFill fill(canvas, GetParam());
+        std::vector<QRect> oneByOne;
+        for (int line = 0; line < 60; ++line) {
+            const double start = seed % 2 == 0 ? line * 1.7 : places(generator);
+            const double width = widths(generator);
+            Points points;
+            for (int i = 0; i < 80; ++i)
+                points << QPointF(start + width * i / 80.0, i == 40 ? NotANumber : heights(generator));
+            const CurveTrace trace(curveOf(points), testView());
+            fill.add(trace);
+            const std::vector<QRect> columns = columnsOf(trace, canvas, GetParam(), {});
+            oneByOne.insert(oneByOne.end(), columns.begin(), columns.end());
+        }
+        const Coverage together(fill.rects());
+        const Coverage expected(oneByOne);
+        EXPECT_EQ(together.most(), 1);
+        EXPECT_GT(expected.most(), 1);
+        for (int y = -10; y < 60; ++y) {
+            for (int x = -10; x < 110; ++x)
+                ASSERT_EQ(together.at(x, y) > 0, expected.at(x, y) > 0) << seed << ": " << x << ", " << y;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Widths, ColumnFillOfManyTest, testing::Values(1.0, 2.0, 3.0, 4.0, 7.5));
+
+TEST(ColumnFillTest, WithoutLinesThereIsNothing)
+{
+    EXPECT_TRUE(ColumnFill(QRect(0, 0, 100, 50), 2.0).rects().empty());
+}
+
 TEST(LineCanvasTest, LightsOnePixelOfEachColumnOrRow)
 {
     LineCanvas canvas(QRect(10, 10, 8, 6));
