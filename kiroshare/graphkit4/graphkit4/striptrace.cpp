@@ -14,7 +14,7 @@ namespace
 /// Up to so many samples a column each of them is looked at.
 constexpr int SamplesPerColumn = 2;
 /// The samples of so many columns ahead are fetched from memory.
-constexpr std::size_t ColumnsAhead = 6;
+constexpr std::size_t ColumnsAhead = 16;
 /// So many samples of a column with gaps are looked at one by one.
 constexpr int GapBudget = 1024;
 /// Of so many samples a pixel, a block is no more than a 256th of one: places are taken to the next block, so
