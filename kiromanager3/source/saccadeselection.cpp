@@ -75,7 +75,7 @@ QList<int> selectSaccades(QWidget* parent, const QList<KiroSaccade>& saccades, d
     dialog.setColumns(saccadeColumns(unit), {false, beginIsText, false, false, false, false});
     for (int i = 0; i < saccades.size(); ++i)
         dialog.addItem(saccadeRow(i + 1, saccades[i].main, frequency, unit));
-    constexpr int WidthInLetters = 96;
+    constexpr int WidthInLetters = 116;
     constexpr int HeightInLines = 28;
     const QFontMetrics metrics = dialog.fontMetrics();
     dialog.resize(WidthInLetters * metrics.averageCharWidth(), HeightInLines * metrics.height());
