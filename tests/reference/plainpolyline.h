@@ -92,6 +92,31 @@ public:
         }
     }
 
+    /// The end of a line, or a point: if lines are wide a disc of the pen's width in whole pixels, around the
+    /// nearest middle (of an odd width) or corner (of an even one) of a pixel, so that all look alike.
+    void drawDot(const QPointF& place)
+    {
+        if (m_radius == 0.0) {
+            draw(place, place);
+            return;
+        }
+        const int width = int(std::lround(2.0 * m_radius));
+        const QPointF centre = width % 2 == 1
+                                   ? QPointF(std::floor(place.x()) + 0.5, std::floor(place.y()) + 0.5)
+                                   : QPointF(std::floor(place.x() + 0.5), std::floor(place.y() + 0.5));
+        const double reach = width * 0.5;
+        const int firstColumn = cell(centre.x() - reach, m_clip.left(), m_clip.right() + 1);
+        const int lastColumn = cell(centre.x() + reach, m_clip.left() - 1, m_clip.right());
+        const int top = cell(centre.y() - reach, m_clip.top(), m_clip.bottom() + 1);
+        const int bottom = cell(centre.y() + reach, m_clip.top() - 1, m_clip.bottom());
+        for (int column = firstColumn; column <= lastColumn; ++column) {
+            for (int row = top; row <= bottom; ++row) {
+                if (std::hypot(column + 0.5 - centre.x(), row + 0.5 - centre.y()) <= reach)
+                    m_pixels.light(column, row);
+            }
+        }
+    }
+
 private:
     static int cell(double place, int least, int greatest)
     {
@@ -135,14 +160,21 @@ inline Pixels stripCurve(const QSize& size, double ratio, const SampleStore& sam
     for (int i = view.first; i < view.first + view.count; ++i) {
         const double raw = samples.value(i);
         if (!std::isfinite(raw)) {
+            if (hasLast)
+                pen.drawDot(last);
             hasLast = false;
             continue;
         }
         const QPointF place = placeOf(view, ratio, i, raw);
-        pen.draw(hasLast && view.connected ? last : place, place);
+        if (hasLast && view.connected)
+            pen.draw(last, place);
+        else
+            pen.drawDot(place);
         last = place;
         hasLast = true;
     }
+    if (hasLast)
+        pen.drawDot(last);
     return pixels;
 }
 

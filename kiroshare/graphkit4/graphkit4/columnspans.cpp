@@ -45,8 +45,7 @@ std::vector<ColumnSpan> RoundPen::widened(const std::vector<ColumnSpan>& spans) 
 {
     if (m_width == 1 || spans.empty())
         return spans;
-    // The centre of a pen of even width lies between two pixels.
-    const double shift = m_width % 2 == 0 ? 0.5 : 0.0;
+    const double shift = this->shift();
     const double radius = m_width * 0.5;
     const int firstColumn = spans.front().column;
     const int lastColumn = spans.back().column;
@@ -129,6 +128,20 @@ std::vector<ColumnSpan> FinePen::widened(const std::vector<ColumnSpan>& fineSpan
         }
     }
     return wide.spans();
+}
+
+std::vector<ColumnSpan> united(const std::vector<ColumnSpan>& one, const std::vector<ColumnSpan>& other)
+{
+    SpanList list;
+    std::size_t i = 0;
+    for (const ColumnSpan& span : one) {
+        for (; i < other.size() && other[i].column < span.column; ++i)
+            list.add(other[i]);
+        list.add(span);
+    }
+    for (; i < other.size(); ++i)
+        list.add(other[i]);
+    return list.spans();
 }
 
 namespace

@@ -28,7 +28,7 @@ private:
 };
 
 /// What lights the pixels of a pen: lines of a pixel's width become as wide as the pen, with round joins and
-/// caps, and points become discs.
+/// caps, and points become discs, all of the same look.
 ///
 /// Its cost is that of the width times the spans, and does not grow with the number of turns as stroking
 /// does.
@@ -37,6 +37,11 @@ class RoundPen
 public:
     /// `width` in pixels; taken as a whole number of them, from 1 to 2048.
     explicit RoundPen(double width);
+
+    /// What a place is moved by, right and down, to the pixel that stands for it: none if the middle of the
+    /// pen is that of a pixel, else, where it is a corner, half a pixel, to that below and right of the
+    /// corner.
+    double shift() const { return m_width % 2 == 0 ? 0.5 : 0.0; }
 
     /// So many columns and rows around a pixel it may light.
     int reach() const { return m_width / 2; }
@@ -65,6 +70,9 @@ private:
     int m_fineness;
     int m_radius; ///< fine pixels
 };
+
+/// What either of two lists lights.
+std::vector<ColumnSpan> united(const std::vector<ColumnSpan>& one, const std::vector<ColumnSpan>& other);
 
 /// The spans as rectangles that do not overlap, few and wide ones where neighbouring columns have rows in
 /// common: the painter fills a wide rectangle much faster than as many narrow ones.

@@ -66,6 +66,8 @@ public:
         , m_fineness(m_width <= ThinWidth ? 1 : m_finePen.fineness())
         , m_smooth(grid, samples, view, m_finePen.reach() / m_finePen.fineness() + 1)
         , m_sharp(grid.finer(m_fineness), samples, view, m_fineness == 1 ? 1 : m_finePen.reach())
+        , m_dotPen(m_width <= ThinWidth ? 1.0 : m_width)
+        , m_dots(grid, samples, view, m_dotPen.reach() + 1, m_dotPen.shift())
         , m_pen(pixelPen(pen, m_width))
     {
     }
@@ -81,6 +83,7 @@ private:
     void drawLines();
     void drawPoint(const QPointF& point);
     void drawLine(const QPolygonF& line);
+    void fill(const ColumnRaster& lines, const RunEnds& ends);
     void fill(const std::vector<ColumnSpan>& spans);
 
     QPainter& m_painter;
@@ -92,6 +95,8 @@ private:
     int m_fineness;         ///< columns of m_sharp in one of m_smooth
     StripGeometry m_smooth; ///< for lines
     StripGeometry m_sharp;  ///< for columns and rows
+    RoundPen m_dotPen;
+    StripGeometry m_dots; ///< for points and the ends of wide lines
     QPen m_pen;
 };
 
@@ -123,11 +128,13 @@ void StripDrawing::drawLines()
     // Cuts lie so far outside that neither caps nor joins are seen.
     const double margin = m_width + 2.0;
     PolylineSink lines(QRectF(m_smooth.canvas()).adjusted(-margin, -margin, margin, margin));
-    ColumnRaster raster(m_sharp.canvas());
-    if (m_raster && m_pen.style() == Qt::SolidLine) {
+    const bool isSolid = m_raster && m_pen.style() == Qt::SolidLine;
+    if (isSolid) {
+        ColumnRaster raster(m_sharp.canvas());
         SteepFilter filter(lines, raster, m_fineness);
-        trace(m_smooth, filter);
-        fill(raster.spans());
+        RunEnds ends(filter, m_dots.canvas(), 1.0, m_dotPen.shift());
+        trace(m_smooth, ends);
+        fill(raster, ends);
     } else {
         trace(m_smooth, lines);
     }
@@ -137,8 +144,10 @@ void StripDrawing::drawLines()
     }
     m_painter.setRenderHint(QPainter::Antialiasing, m_raster);
     m_painter.setPen(m_pen);
-    for (const QPointF& point : lines.points())
-        drawPoint(point);
+    for (const QPointF& point : lines.points()) {
+        if (!isSolid)
+            drawPoint(point);
+    }
     for (QPolygonF line : lines.lines()) {
         if (m_raster)
             sharpenLevels(line);
@@ -183,7 +192,7 @@ void StripDrawing::drawLine(const QPolygonF& line)
 
 void StripDrawing::fill(const std::vector<ColumnSpan>& spans)
 {
-    std::vector<QRect> rects = rectsOf(m_fineness == 1 ? spans : m_finePen.widened(spans));
+    std::vector<QRect> rects = rectsOf(spans);
     if (m_smooth.isMirrored()) {
         for (QRect& rect : rects)
             rect.moveLeft(int(m_smooth.mirrored(rect.left() + rect.width())));
@@ -194,9 +203,16 @@ void StripDrawing::fill(const std::vector<ColumnSpan>& spans)
     m_painter.drawRects(rects.data(), int(rects.size()));
 }
 
+/// Lights lines and their ends.
+void StripDrawing::fill(const ColumnRaster& lines, const RunEnds& ends)
+{
+    const std::vector<ColumnSpan>& spans = lines.spans();
+    fill(united(m_fineness == 1 ? spans : m_finePen.widened(spans), m_dotPen.widened(ends.spans())));
+}
+
 void StripDrawing::drawPoints()
 {
-    fill(traceStripPoints(m_samples, m_sharp));
+    fill(m_dotPen.widened(traceStripPoints(m_samples, m_dots)));
 }
 
 void StripDrawing::drawCurve()
@@ -206,8 +222,9 @@ void StripDrawing::drawCurve()
         return;
     }
     ColumnRaster raster(m_sharp.canvas());
-    trace(m_sharp, raster);
-    fill(raster.spans());
+    RunEnds ends(raster, m_dots.canvas(), 1.0 / m_fineness, m_dotPen.shift());
+    trace(m_sharp, m_fineness == 1 ? static_cast<StripSink&>(raster) : ends);
+    fill(raster, ends);
 }
 
 } // namespace

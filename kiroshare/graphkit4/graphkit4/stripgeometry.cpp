@@ -68,7 +68,7 @@ PixelGrid PixelGrid::finer(int times) const
 }
 
 StripGeometry::StripGeometry(const PixelGrid& grid, const SampleStore& samples, const StripView& view,
-                             int reach)
+                             int reach, double shift)
     : m_view(view)
     , m_canvas(grid.visible.adjusted(-reach, -reach, reach, reach))
     , m_fineness(grid.fineness)
@@ -81,6 +81,7 @@ StripGeometry::StripGeometry(const PixelGrid& grid, const SampleStore& samples, 
         return;
     chooseTimes(grid);
     chooseScale(grid);
+    move(shift);
     m_usable = std::isfinite(m_pixelsPerSecond) && m_pixelsPerSecond > 0.0 &&
                std::isfinite(view.timeOffset) && std::isfinite(m_halfRange) && m_halfRange != 0.0 &&
                std::isfinite(view.calibOffset) && std::isfinite(view.calibFactor) &&
@@ -117,6 +118,12 @@ void StripGeometry::chooseScale(const PixelGrid& grid)
     m_highest = std::round(m_top);
     // On the last row, also in the fixed-point numbers that lines are drawn with.
     m_lowest = std::max(std::round(m_bottom) - 1.0 / 64, m_highest);
+}
+
+void StripGeometry::move(double shift)
+{
+    for (double* place : {&m_left, &m_zero, &m_top, &m_bottom, &m_highest, &m_lowest})
+        *place += shift;
 }
 
 double StripGeometry::x(int sample) const

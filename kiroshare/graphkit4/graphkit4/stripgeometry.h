@@ -36,8 +36,10 @@ struct PixelGrid
 class StripGeometry
 {
 public:
-    /// `reach`: pixels around a sample that it may light.
-    StripGeometry(const PixelGrid& grid, const SampleStore& samples, const StripView& view, int reach);
+    /// `reach`: pixels around a sample that it may light. `shift`: pixels by which all samples stand farther
+    /// right and down.
+    StripGeometry(const PixelGrid& grid, const SampleStore& samples, const StripView& view, int reach,
+                  double shift = 0.0);
 
     /// Whether there are samples and the view has an extent.
     bool isUsable() const { return m_usable; }
@@ -78,6 +80,7 @@ private:
 
     void chooseTimes(const PixelGrid& grid);
     void chooseScale(const PixelGrid& grid);
+    void move(double shift);
     double farPlace(double raw) const;
 
     StripView m_view;

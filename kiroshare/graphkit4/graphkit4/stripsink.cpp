@@ -123,6 +123,61 @@ bool ColumnRaster::covers(double x, double high, double low) const
     return m_drawing && open.top <= rows.top && open.bottom >= rows.bottom;
 }
 
+RunEnds::RunEnds(StripSink& target, const QRect& canvas, double scale, double shift)
+    : m_target(target)
+    , m_canvas(canvas)
+    , m_scale(scale)
+    , m_shift(shift)
+{
+}
+
+void RunEnds::light(double x, double y)
+{
+    const double column = std::floor(x * m_scale + m_shift);
+    const double row = std::floor(y * m_scale + m_shift);
+    if (column >= m_canvas.left() && column <= m_canvas.right() && row >= m_canvas.top() &&
+        row <= m_canvas.bottom())
+        m_list.add({int(column), int(row), int(row)});
+}
+
+void RunEnds::begin(double x, double y)
+{
+    if (!m_drawing)
+        light(x, y);
+    m_drawing = true;
+}
+
+void RunEnds::lineTo(double x, double y)
+{
+    begin(x, y);
+    m_x = x;
+    m_y = y;
+    m_target.lineTo(x, y);
+}
+
+void RunEnds::bar(double x, double high, double low)
+{
+    if (!m_drawing) {
+        m_x = x;
+        m_y = low;
+    }
+    begin(x, high);
+    m_target.bar(x, high, low);
+}
+
+void RunEnds::gap()
+{
+    if (m_drawing)
+        light(m_x, m_y);
+    m_drawing = false;
+    m_target.gap();
+}
+
+bool RunEnds::covers(double x, double high, double low) const
+{
+    return m_target.covers(x, high, low);
+}
+
 PolylineSink::PolylineSink(const QRectF& area)
     : m_area(area)
 {

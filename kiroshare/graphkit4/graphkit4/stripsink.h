@@ -58,6 +58,35 @@ private:
     int m_bottomTurn = 0;
 };
 
+/// Hands a curve on and lights the pixels that its ends stand on, also those of samples between two gaps.
+class RunEnds final : public StripSink
+{
+public:
+    /// The ends stand on a grid of their own, at the curve's places times `scale` and moved by `shift` right
+    /// and down. `canvas` is that of this grid.
+    RunEnds(StripSink& target, const QRect& canvas, double scale, double shift);
+
+    void lineTo(double x, double y) override;
+    void bar(double x, double high, double low) override;
+    void gap() override;
+    bool covers(double x, double high, double low) const override;
+    /// Complete after a gap().
+    const std::vector<ColumnSpan>& spans() const { return m_list.spans(); }
+
+private:
+    void light(double x, double y);
+    void begin(double x, double y);
+
+    StripSink& m_target;
+    QRect m_canvas;
+    double m_scale;
+    double m_shift;
+    SpanList m_list;
+    bool m_drawing = false;
+    double m_x = 0.0; ///< where the curve has got to
+    double m_y = 0.0;
+};
+
 /// Gathers polylines, cut where they leave an area.
 class PolylineSink final : public StripSink
 {
