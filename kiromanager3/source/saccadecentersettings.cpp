@@ -2,47 +2,10 @@
 
 #include "detectionline.h"
 #include "inistore.h"
-
-#include <QGuiApplication>
-#include <QScreen>
-#include <QStringList>
+#include "settingsfields.h"
 
 namespace
 {
-
-constexpr int FontSizeMost = 512; // of the font dialog
-constexpr int PenWidthMost = 99;  // of the pen dialog
-constexpr int WindowPixelsMost = 32767;
-const QString JpegAlias = QStringLiteral("JPEG"); // the other name of "JPG"
-
-/// A pen as the store gives one back.
-QPen startPen(const QColor& color, int width, Qt::PenStyle style)
-{
-    return QPen(QBrush(color), width, style, Qt::SquareCap, Qt::BevelJoin);
-}
-
-QPoint centredOnScreen(const QSize& size)
-{
-    QRect window(QPoint(), size);
-    if (const QScreen* const screen = QGuiApplication::primaryScreen())
-        window.moveCenter(screen->availableGeometry().center());
-    return window.topLeft();
-}
-
-bool anyBool(const bool& /*value*/)
-{
-    return true;
-}
-
-bool anyString(const QString& /*value*/)
-{
-    return true;
-}
-
-bool isColor(const QColor& color)
-{
-    return color.isValid();
-}
 
 bool isTimeUnit(const TimeUnit& unit)
 {
@@ -67,54 +30,21 @@ bool isScreenshotSize(const QSize& size)
     return size.width() >= Least && size.width() <= Most && size.height() >= Least && size.height() <= Most;
 }
 
-bool isImageFormat(const QString& format)
-{
-    return QStringList{QStringLiteral("PNG"), QStringLiteral("JPG"), JpegAlias, QStringLiteral("BMP"),
-                       QStringLiteral("XPM")}
-        .contains(format);
-}
-
-bool isSeparator(const QString& text)
-{
-    return !text.isEmpty();
-}
-
-bool isPlotFont(const QFont& font)
-{
-    return font.pointSizeF() <= FontSizeMost && font.pixelSize() <= FontSizeMost;
-}
-
-bool isPlotPen(const QPen& pen)
-{
-    return pen.width() <= PenWidthMost && pen.style() != Qt::CustomDashLine;
-}
-
-bool isWindowSize(const QSize& size)
-{
-    return !size.isEmpty() && size.width() <= WindowPixelsMost && size.height() <= WindowPixelsMost;
-}
-
-bool isWindowPosition(const QPoint& position)
-{
-    return QRect(-WindowPixelsMost, -WindowPixelsMost, 2 * WindowPixelsMost, 2 * WindowPixelsMost)
-        .contains(position);
-}
-
 /// Takes from the store what is there and passes.
-class Reader
+class Reader : public SettingsReader
 {
 public:
     explicit Reader(const IniStore& store)
-        : m_store(store)
+        : SettingsReader(store, SaccadeCenterSettings::section())
     {
     }
 
-    template <class Value>
-    void operator()(const QString& key, Value& value, bool (*accepts)(const Value&)) const
+    using SettingsReader::operator();
+    void operator()(const QString& key, TimeUnit& unit, bool (*accepts)(const TimeUnit&)) const
     {
-        const Value stored = read(key, value);
+        const auto stored = TimeUnit(read(key, int(unit)));
         if (accepts(stored))
-            value = stored;
+            unit = stored;
     }
     void operator()(const QString& key, SaccadeDetectionParams& params) const
     {
@@ -124,42 +54,21 @@ public:
     {
         readBlinkLine(read(key, QString()), params);
     }
-
-private:
-    bool read(const QString& key, bool old) const { return m_store.boolValue(m_section, key, old); }
-    int read(const QString& key, int old) const { return m_store.intValue(m_section, key, old); }
-    TimeUnit read(const QString& key, TimeUnit old) const { return TimeUnit(read(key, int(old))); }
-    double read(const QString& key, double old) const { return m_store.doubleValue(m_section, key, old); }
-    QString read(const QString& key, const QString& old) const { return m_store.value(m_section, key, old); }
-    QColor read(const QString& key, const QColor& old) const
-    {
-        return m_store.colorValue(m_section, key, old);
-    }
-    QFont read(const QString& key, const QFont& old) const { return m_store.fontValue(m_section, key, old); }
-    QPen read(const QString& key, const QPen& old) const { return m_store.penValue(m_section, key, old); }
-    QPoint read(const QString& key, const QPoint& old) const
-    {
-        return m_store.pointValue(m_section, key, old);
-    }
-    QSize read(const QString& key, const QSize& old) const { return m_store.sizeValue(m_section, key, old); }
-
-    const IniStore& m_store;
-    const QString m_section = SaccadeCenterSettings::section();
 };
 
 /// Puts every value into the store.
-class Writer
+class Writer : public SettingsWriter
 {
 public:
     explicit Writer(IniStore& store)
-        : m_store(store)
+        : SettingsWriter(store, SaccadeCenterSettings::section())
     {
     }
 
-    template <class Value>
-    void operator()(const QString& key, const Value& value, bool (* /*accepts*/)(const Value&)) const
+    using SettingsWriter::operator();
+    void operator()(const QString& key, TimeUnit unit, bool (* /*accepts*/)(const TimeUnit&)) const
     {
-        write(key, value);
+        write(key, int(unit));
     }
     void operator()(const QString& key, const SaccadeDetectionParams& params) const
     {
@@ -169,21 +78,6 @@ public:
     {
         write(key, blinkLine(params));
     }
-
-private:
-    void write(const QString& key, bool value) const { m_store.setBool(m_section, key, value); }
-    void write(const QString& key, int value) const { m_store.setInt(m_section, key, value); }
-    void write(const QString& key, TimeUnit value) const { write(key, int(value)); }
-    void write(const QString& key, double value) const { m_store.setDouble(m_section, key, value); }
-    void write(const QString& key, const QString& value) const { m_store.setValue(m_section, key, value); }
-    void write(const QString& key, const QColor& value) const { m_store.setColor(m_section, key, value); }
-    void write(const QString& key, const QFont& value) const { m_store.setFont(m_section, key, value); }
-    void write(const QString& key, const QPen& value) const { m_store.setPen(m_section, key, value); }
-    void write(const QString& key, const QPoint& value) const { m_store.setPoint(m_section, key, value); }
-    void write(const QString& key, const QSize& value) const { m_store.setSize(m_section, key, value); }
-
-    IniStore& m_store;
-    const QString m_section = SaccadeCenterSettings::section();
 };
 
 template <class Look, class Field>
@@ -208,7 +102,7 @@ void walkExports(Settings& settings, const Field& field)
     field(QStringLiteral("export_include_file"), text.includeFile, anyBool);
     field(QStringLiteral("export_include_freq"), text.includeFrequency, anyBool);
     field(QStringLiteral("export_include_fields"), text.includeFields, anyBool);
-    field(QStringLiteral("export_separator"), text.separator, isSeparator);
+    field(QStringLiteral("export_separator"), text.separator, isNotEmpty);
     auto& labels = settings.labels;
     field(QStringLiteral("export_labels_on_signal"), labels.onSignal, anyBool);
     field(QStringLiteral("export_labels_color"), labels.saccadeColor, isColor);
@@ -249,11 +143,11 @@ void walk(Settings& settings, const Field& field)
 } // namespace
 
 SaccadePlotLook::SaccadePlotLook()
-    : eyeSignal(startPen(Qt::black, 1, Qt::SolidLine))
-    , saccadeLeft(startPen(Qt::red, 2, Qt::SolidLine))
-    , saccadeRight(startPen(Qt::green, 2, Qt::SolidLine))
-    , saccadeSelected(startPen(Qt::blue, 4, Qt::SolidLine))
-    , blinks(startPen(Qt::magenta, 2, Qt::DashLine))
+    : eyeSignal(storedPen(Qt::black, 1, Qt::SolidLine))
+    , saccadeLeft(storedPen(Qt::red, 2, Qt::SolidLine))
+    , saccadeRight(storedPen(Qt::green, 2, Qt::SolidLine))
+    , saccadeSelected(storedPen(Qt::blue, 4, Qt::SolidLine))
+    , blinks(storedPen(Qt::magenta, 2, Qt::DashLine))
 {
 }
 
@@ -287,8 +181,7 @@ QString SaccadeCenterSettings::section()
 void SaccadeCenterSettings::load(const IniStore& store)
 {
     walk(*this, Reader(store));
-    if (screenshotFormat == JpegAlias)
-        screenshotFormat = QStringLiteral("JPG");
+    screenshotFormat = mainImageFormat(screenshotFormat);
 }
 
 void SaccadeCenterSettings::save(IniStore& store) const
