@@ -1,6 +1,7 @@
-// Reading of a recording of 16 signals of 16 bits at 1000 Hz, 60 minutes in frames of 4 ms.
+// Reading of the recording of an hour.
 
 #include "goals.h"
+#include "hourrecording.h"
 #include "repetitions.h"
 
 #include "jobprogress.h"
@@ -9,72 +10,24 @@
 #include "kiroreader.h"
 #include "kiroutils.h"
 
-#include <QTemporaryDir>
-
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <random>
 
 namespace
 {
 
-constexpr int Signals = 16;
-constexpr int SamplesPerFrame = 4;
-constexpr int Frames = 60 * 60 * 250;
-constexpr int SamplesOfSignal = Frames * SamplesPerFrame;
+using namespace HourRecording;
+
 constexpr int RandomSamples = 100000;
 /// As the signals browser sets it.
 constexpr int ReadSize = 5242880;
 
-void writeRecording(const KiroString& path)
-{
-    KiroHeader header;
-    header.setFrameCount(Frames);
-    header.setSignalCount(Signals);
-    for (int i = 0; i < Signals; ++i) {
-        KiroSignal signal;
-        signal.fullName = KiroString("signal %1").arg(i);
-        signal.samplesPerPeriod = 1000;
-        signal.valueType = KiroValue::SignedInt;
-        signal.sampleSize = 2;
-        signal.samplesPerFrame = SamplesPerFrame;
-        header.setSignal(i, signal);
-    }
-    KiroFile file;
-    if (!file.open(path, KiroFile::Create) || !header.write(file))
-        stop("cannot write the recording for the benchmarks");
-    std::mt19937_64 generator(1);
-    std::vector<std::uint64_t> block(4096);
-    std::int64_t left = std::int64_t(Frames) * header.frameSize();
-    while (left > 0) {
-        std::generate(block.begin(), block.end(), std::ref(generator));
-        const auto piece = std::int32_t(std::min<std::int64_t>(left, std::int64_t(block.size() * 8)));
-        if (file.writeRaw(block.data(), piece) != piece)
-            stop("cannot write the recording for the benchmarks");
-        left -= piece;
-    }
-    if (!file.close())
-        stop("cannot write the recording for the benchmarks");
-}
-
-/// Path of the recording, made on first use and removed at the end.
-const KiroString& recording()
-{
-    static const QTemporaryDir folder;
-    static const KiroString path = [] {
-        const KiroString name(folder.filePath(QStringLiteral("hour.kiro")));
-        writeRecording(name);
-        return name;
-    }();
-    return path;
-}
-
 void openRecording(KiroReader& reader)
 {
-    if (!reader.setFile(recording()) || !reader.setReadSize(ReadSize))
+    if (!reader.setFile(hourRecording()) || !reader.setReadSize(ReadSize))
         stop("cannot read the recording for the benchmarks");
 }
 
@@ -84,7 +37,7 @@ void readAllBytes(Target target)
 {
     constexpr std::int64_t Block = 1 << 20;
     KiroFile file;
-    if (!file.open(recording(), KiroFile::Read))
+    if (!file.open(hourRecording(), KiroFile::Read))
         stop("cannot open the recording");
     const std::int64_t size = file.size();
     for (std::int64_t done = 0; done < size; done += Block) {
@@ -99,7 +52,7 @@ void readAllBytes(Target target)
 void ReadBytes(benchmark::State& state)
 {
     const auto block = std::make_unique<unsigned char[]>(1 << 20);
-    recording();
+    hourRecording();
     for (auto _ : state)
         readAllBytes([&](std::int64_t) { return block.get(); });
 }
@@ -107,7 +60,7 @@ void ReadBytes(benchmark::State& state)
 /// The bytes alone, into fresh memory for all of them.
 void ReadBytesIntoFreshMemory(benchmark::State& state)
 {
-    recording();
+    hourRecording();
     for (auto _ : state) {
         const std::size_t size = std::size_t(Frames) * Signals * SamplesPerFrame * 2 + 10000;
         const std::unique_ptr<unsigned char[]> memory(new unsigned char[size]);
@@ -169,10 +122,10 @@ void GetSampleOfAllSignals(benchmark::State& state)
 
 void ReadHeader(benchmark::State& state)
 {
-    recording();
+    hourRecording();
     for (auto _ : state) {
         KiroHeader header;
-        if (!header.load(recording()))
+        if (!header.load(hourRecording()))
             stop("cannot read the header");
         benchmark::DoNotOptimize(header);
     }

@@ -3,12 +3,25 @@
 namespace
 {
 
-template <std::size_t... Index>
-SampleVector makeVector(std::size_t type, std::index_sequence<Index...>)
+template <class Samples, std::size_t... Index>
+Samples makeSamples(std::size_t type, std::index_sequence<Index...>)
 {
-    SampleVector result;
-    (void)((Index == type && (result.emplace<Index>(), true)) || ...);
+    Samples result;
+    (void)((Index == type && (result.template emplace<Index>(), true)) || ...);
     return result;
+}
+
+template <class Samples>
+Samples makeSamples(int type)
+{
+    return makeSamples<Samples>(static_cast<std::size_t>(type),
+                                std::make_index_sequence<std::variant_size_v<Samples>>());
+}
+
+template <class Samples>
+std::size_t countOf(const Samples& samples)
+{
+    return std::visit([](const auto& vector) { return static_cast<std::size_t>(vector.size()); }, samples);
 }
 
 /// Place of a sample size among 1, 2, 4 and 8, or -1.
@@ -44,11 +57,20 @@ int elementType(KiroValue::Type type, std::uint32_t sampleSize)
 
 SampleVector makeSampleVector(int type)
 {
-    return makeVector(static_cast<std::size_t>(type),
-                      std::make_index_sequence<std::variant_size_v<SampleVector>>());
+    return makeSamples<SampleVector>(type);
+}
+
+SampleArray makeSampleArray(int type)
+{
+    return makeSamples<SampleArray>(type);
 }
 
 std::size_t sampleCount(const SampleVector& samples)
 {
-    return std::visit([](const auto& vector) { return vector.size(); }, samples);
+    return countOf(samples);
+}
+
+std::size_t sampleCount(const SampleArray& samples)
+{
+    return countOf(samples);
 }

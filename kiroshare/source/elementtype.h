@@ -2,19 +2,26 @@
 
 #include "kirovalue.h"
 
+#include <QVector>
+
 #include <cstddef>
 #include <cstdint>
 #include <variant>
 #include <vector>
 
-/// All samples of one signal in their stored element type. The index of the alternative is the element
-/// type number: 0 to 7 are signed and unsigned integers of 8, 16, 32 and 64 bits in turn, 8 is float,
-/// 9 is double.
-using SampleVector =
-    std::variant<std::vector<std::int8_t>, std::vector<std::uint8_t>, std::vector<std::int16_t>,
-                 std::vector<std::uint16_t>, std::vector<std::int32_t>, std::vector<std::uint32_t>,
-                 std::vector<std::int64_t>, std::vector<std::uint64_t>, std::vector<float>,
-                 std::vector<double>>;
+/// All samples of one signal in their stored element type, in a vector of the kind `Vector`. The index of
+/// the alternative is the element type number: 0 to 7 are signed and unsigned integers of 8, 16, 32 and 64
+/// bits in turn, 8 is float, 9 is double.
+template <template <class...> class Vector>
+using SamplesIn = std::variant<Vector<std::int8_t>, Vector<std::uint8_t>, Vector<std::int16_t>,
+                               Vector<std::uint16_t>, Vector<std::int32_t>, Vector<std::uint32_t>,
+                               Vector<std::int64_t>, Vector<std::uint64_t>, Vector<float>, Vector<double>>;
+
+/// For work that owns its samples.
+using SampleVector = SamplesIn<std::vector>;
+/// For samples that are shared without a copy, as by the strips that show them. Each holds less than 2^31
+/// bytes.
+using SampleArray = SamplesIn<QVector>;
 
 /// Element type of samples that have no number of their own (objects, unknown types, odd sizes).
 constexpr int ElementTypeDouble = 9;
@@ -25,6 +32,8 @@ int elementType(KiroValue::Type type, std::uint32_t sampleSize);
 
 /// An empty vector of element type `type`, 0 to 9.
 SampleVector makeSampleVector(int type);
+SampleArray makeSampleArray(int type);
 
 /// Number of samples held.
 std::size_t sampleCount(const SampleVector& samples);
+std::size_t sampleCount(const SampleArray& samples);

@@ -11,6 +11,7 @@
 #include <limits>
 #include <new>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 
 namespace
@@ -20,7 +21,6 @@ namespace
 constexpr std::int64_t BlockSize = 256 * 1024;
 /// Bytes of frames whose samples are sorted at once: they stay in the first-level cache for every signal.
 constexpr std::int64_t SortSize = 16 * 1024;
-constexpr int ProgressSteps = 100;
 
 /// A stretch of frames in memory.
 struct FrameBlock
@@ -151,13 +151,26 @@ void joinSwappedRunsOfFourWords(const FrameBlock& block, const SampleRun& run, u
     }
 }
 
-/// Appends the samples of one signal in a block.
-template <class Number>
-void appendSamples(const FrameBlock& block, const SampleRun& run, std::vector<Number>& samples)
+template <class Vector>
+std::size_t sizeOf(const Vector& samples)
 {
-    const std::size_t before = samples.size();
+    return static_cast<std::size_t>(samples.size());
+}
+
+template <class Vector>
+void resize(Vector& samples, std::size_t count)
+{
+    samples.resize(static_cast<typename Vector::size_type>(count));
+}
+
+/// Appends the samples of one signal in a block.
+template <class Vector>
+void appendSamples(const FrameBlock& block, const SampleRun& run, Vector& samples)
+{
+    using Number = typename Vector::value_type;
+    const std::size_t before = sizeOf(samples);
     const std::size_t count = block.frames * run.samples;
-    samples.resize(before + count);
+    resize(samples, before + count);
     if (!run.isNumber || count == 0)
         return;
     auto* target = reinterpret_cast<unsigned char*>(samples.data() + before);
@@ -168,40 +181,57 @@ void appendSamples(const FrameBlock& block, const SampleRun& run, std::vector<Nu
         swapNumbers(target, count, sizeof(Number));
 }
 
-template <class Number>
-void reserveLarge(std::vector<Number>& samples, std::size_t count)
+template <class Vector>
+void reserveLarge(Vector& samples, std::size_t count)
 {
-    if (samples.capacity() >= count)
+    if (static_cast<std::size_t>(samples.capacity()) >= count)
         return;
-    samples.reserve(count);
-    adviseLargePages(samples.data(), samples.capacity() * sizeof(Number));
+    samples.reserve(static_cast<typename Vector::size_type>(count));
+    adviseLargePages(samples.data(), count * sizeof(typename Vector::value_type));
 }
 
 /// Leaves `count` elements from `first` on.
-template <class Number>
-void trim(std::vector<Number>& samples, std::size_t first, std::size_t count)
+template <class Vector>
+void trim(Vector& samples, std::size_t first, std::size_t count)
 {
     samples.erase(samples.begin(), samples.begin() + static_cast<std::ptrdiff_t>(first));
-    samples.resize(count);
+    resize(samples, count);
 }
 
-/// Collects one signal in its element type, in the memory of `reused` where that has the same type.
+/// Most bytes of a QVector, whose own head lies before its elements.
+constexpr std::size_t ArrayBytes = std::numeric_limits<int>::max() - 64;
+
+/// Bytes that `count` samples of a signal take in memory.
+std::size_t bytesInMemory(const KiroSignal& signal, std::size_t count)
+{
+    const SampleVector one = makeSampleVector(elementType(signal.valueType, signal.sampleSize));
+    return count * std::visit([](const auto& samples) { return sizeof(*samples.data()); }, one);
+}
+
+/// An empty vector for the samples of a signal: `spare` where that has the right type.
+SampleVector emptySamples(int type, SampleVector spare)
+{
+    if (spare.index() != static_cast<std::size_t>(type))
+        return makeSampleVector(type);
+    std::visit([](auto& samples) { samples.clear(); }, spare);
+    return spare;
+}
+
+SampleArray emptySamples(int type, SampleArray)
+{
+    return makeSampleArray(type);
+}
+
+/// Collects one signal in its element type, in the memory of `spare` where that serves.
+template <class Samples>
 class TypedTarget
 {
 public:
-    TypedTarget(const KiroSignal& signal, const SampleRun& run, std::size_t frames, SampleVector reused)
+    TypedTarget(const KiroSignal& signal, const SampleRun& run, std::size_t frames, Samples spare)
         : m_run(run)
-        , m_samples(std::move(reused))
+        , m_samples(emptySamples(elementType(signal.valueType, signal.sampleSize), std::move(spare)))
     {
-        const int type = elementType(signal.valueType, signal.sampleSize);
-        if (m_samples.index() != static_cast<std::size_t>(type))
-            m_samples = makeSampleVector(type);
-        std::visit(
-            [&](auto& samples) {
-                samples.clear();
-                reserveLarge(samples, frames * run.samples);
-            },
-            m_samples);
+        std::visit([&](auto& samples) { reserveLarge(samples, frames * run.samples); }, m_samples);
     }
 
     void take(const FrameBlock& block)
@@ -209,7 +239,7 @@ public:
         std::visit([&](auto& samples) { appendSamples(block, m_run, samples); }, m_samples);
     }
 
-    SampleVector takeSamples(std::size_t first, std::size_t count)
+    Samples takeSamples(std::size_t first, std::size_t count)
     {
         std::visit([&](auto& samples) { trim(samples, first, count); }, m_samples);
         return std::move(m_samples);
@@ -217,7 +247,7 @@ public:
 
 private:
     SampleRun m_run;
-    SampleVector m_samples;
+    Samples m_samples;
 };
 
 /// Collects one signal as doubles, calibrated or raw.
@@ -266,6 +296,42 @@ private:
     bool m_calibrate;
     SampleVector m_block; // one block's samples in their element type
     std::vector<double> m_samples;
+};
+
+/// When to report how much of `count` frames is read.
+class ReportSteps
+{
+public:
+    /// `framesPerReport` of 0 stands for a hundredth.
+    ReportSteps(std::int64_t count, std::int64_t framesPerReport)
+        : m_count(count)
+        , m_framesPerReport(framesPerReport)
+    {
+    }
+
+    int last() const
+    {
+        if (m_framesPerReport == 0)
+            return 100;
+        return static_cast<int>(m_count / m_framesPerReport + (m_count % m_framesPerReport > 0 ? 1 : 0));
+    }
+    /// The report that is due when `done` frames are read.
+    int at(std::int64_t done) const
+    {
+        if (done >= m_count)
+            return last();
+        return static_cast<int>(m_framesPerReport == 0 ? last() * done / m_count : done / m_framesPerReport);
+    }
+    /// How many frames to read before the next report at most.
+    std::int64_t framesToNext(std::int64_t done) const
+    {
+        const std::int64_t left = m_count - done;
+        return m_framesPerReport == 0 ? left : std::min(left, m_framesPerReport - done % m_framesPerReport);
+    }
+
+private:
+    std::int64_t m_count;
+    std::int64_t m_framesPerReport;
 };
 
 std::int64_t runOffset(const KiroHeader& header, int signal)
@@ -322,7 +388,7 @@ bool KiroBulkReader::openAtFrame(KiroFile& file, std::int64_t first, std::int64_
 }
 
 /// Runs over `count` frames from `first` on and gives each block to every target. Memory for targets is
-/// taken by `makeTargets` once the file is known to hold the frames.
+/// taken by `makeTargets` once the file is known to hold the frames; it may fail().
 template <class MakeTargets, class HandOver>
 bool KiroBulkReader::readFrames(std::int64_t first, std::int64_t count, JobProgress& progress,
                                 MakeTargets&& makeTargets, HandOver&& handOver)
@@ -334,6 +400,8 @@ bool KiroBulkReader::readFrames(std::int64_t first, std::int64_t count, JobProgr
         return false;
     try {
         auto targets = makeTargets();
+        if (!m_errorText.isEmpty())
+            return false;
         const auto give = [&targets](const FrameBlock& block) {
             for (auto& target : targets)
                 target.take(block);
@@ -360,13 +428,14 @@ bool KiroBulkReader::readBlocks(KiroFile& file, std::int64_t count, JobProgress&
     const std::int64_t framesInBlock = std::min(framesIn(BlockSize), count);
     const std::int64_t framesToSort = framesIn(SortSize);
     std::vector<unsigned char> bytes(static_cast<std::size_t>(framesInBlock * frameSize));
+    const ReportSteps steps(count, m_framesPerReport);
     int shown = 0;
-    progress.setRange(0, ProgressSteps);
+    progress.setRange(0, steps.last());
     for (std::int64_t done = 0; done < count;) {
         m_cancelled = progress.cancelled();
         if (m_cancelled)
             return false;
-        const std::int64_t frames = std::min(framesInBlock, count - done);
+        const std::int64_t frames = std::min(framesInBlock, steps.framesToNext(done));
         const auto size = static_cast<std::int32_t>(frames * frameSize);
         if (file.readRaw(bytes.data(), size) != size)
             return fail(KiroString("KiroBulkReader - reading file %1 failed").arg(m_fileName));
@@ -376,16 +445,18 @@ bool KiroBulkReader::readBlocks(KiroFile& file, std::int64_t count, JobProgress&
                             static_cast<std::size_t>(frameSize)});
         }
         done += frames;
-        const auto step = static_cast<int>(ProgressSteps * done / count);
+        const int step = steps.at(done);
         if (step != shown)
             progress.setValue(shown = step);
     }
-    if (shown < ProgressSteps)
-        progress.setValue(ProgressSteps);
+    if (shown < steps.last())
+        progress.setValue(steps.last());
     return true;
 }
 
-bool KiroBulkReader::readAll(std::vector<SampleVector>& out, JobProgress& progress)
+/// `spare(i)` gives memory that the samples of signal i may use.
+template <class Samples, class Spare>
+bool KiroBulkReader::readEvery(std::vector<Samples>& out, JobProgress& progress, Spare&& spare)
 {
     // Frames without bytes are as good as no frames.
     const std::int64_t frames = m_header.frameSize() > 0 ? m_header.frameCount() : 0;
@@ -393,23 +464,42 @@ bool KiroBulkReader::readAll(std::vector<SampleVector>& out, JobProgress& progre
         return signal.sampleSize > 0 ? static_cast<std::size_t>(signal.samplesPerFrame * frames) : 0;
     };
     const auto makeTargets = [&] {
-        std::vector<TypedTarget> targets;
-        m_spare.resize(m_header.signalTable().size());
+        std::vector<TypedTarget<Samples>> targets;
         std::int64_t offset = 0;
         for (const KiroSignal& signal : m_header.signalTable()) {
+            const std::size_t bytes = bytesInMemory(signal, samplesOf(signal));
+            if (std::is_same_v<Samples, SampleArray> && bytes > ArrayBytes) {
+                fail(KiroString("KiroBulkReader - signal %1 is too large for an array (bytes in memory: %2)")
+                         .arg(static_cast<std::int64_t>(targets.size()))
+                         .arg(static_cast<std::uint64_t>(bytes)));
+                break;
+            }
             targets.emplace_back(signal, SampleRun(signal, offset, m_swap), static_cast<std::size_t>(frames),
-                                 std::move(m_spare[targets.size()]));
+                                 spare(targets.size()));
             offset += static_cast<std::int64_t>(signal.runSize());
         }
-        m_spare.clear();
         return targets;
     };
-    return readFrames(0, frames, progress, makeTargets, [&](std::vector<TypedTarget>& targets) {
-        std::vector<SampleVector> all;
+    return readFrames(0, frames, progress, makeTargets, [&](std::vector<TypedTarget<Samples>>& targets) {
+        std::vector<Samples> all;
         for (std::size_t i = 0; i < targets.size(); ++i)
             all.push_back(targets[i].takeSamples(0, samplesOf(m_header.signalTable()[i])));
         out = std::move(all);
     });
+}
+
+bool KiroBulkReader::readAll(std::vector<SampleVector>& out, JobProgress& progress)
+{
+    std::vector<SampleVector> spares = std::move(m_spare);
+    m_spare.clear();
+    return readEvery(out, progress, [&spares](std::size_t signal) {
+        return signal < spares.size() ? std::move(spares[signal]) : SampleVector();
+    });
+}
+
+bool KiroBulkReader::readAll(std::vector<SampleArray>& out, JobProgress& progress)
+{
+    return readEvery(out, progress, [](std::size_t) { return SampleArray(); });
 }
 
 void KiroBulkReader::recycle(std::vector<SampleVector> samples)
@@ -465,7 +555,7 @@ bool KiroBulkReader::readSignal(int signal, std::int64_t first, std::int64_t cou
 {
     return readOne(signal, first, count, progress, out,
                    [](const KiroSignal& descriptor, const SampleRun& run, std::size_t frames) {
-                       return TypedTarget(descriptor, run, frames, SampleVector());
+                       return TypedTarget<SampleVector>(descriptor, run, frames, SampleVector());
                    });
 }
 

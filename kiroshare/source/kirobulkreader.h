@@ -3,6 +3,7 @@
 #include "elementtype.h"
 #include "kiroheader.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -28,6 +29,11 @@ public:
     /// Every sample of every signal, each signal in a vector of its element type. False if the file does
     /// not hold all declared frames.
     bool readAll(std::vector<SampleVector>& out, JobProgress& progress);
+    /// The same. False also if a signal takes more bytes in memory than an array holds.
+    bool readAll(std::vector<SampleArray>& out, JobProgress& progress);
+
+    /// How many frames lie between two reports of progress; 0, as at first, for a hundredth of what is read.
+    void setFramesPerReport(std::int64_t frames) { m_framesPerReport = std::max<std::int64_t>(frames, 0); }
 
     /// Gives samples that are no longer needed, so that the next readAll() uses their memory. Worth it
     /// where many recordings are read in turn: fresh memory costs more than the reading.
@@ -54,6 +60,8 @@ private:
                     HandOver&& handOver);
     template <class Give>
     bool readBlocks(KiroFile& file, std::int64_t count, JobProgress& progress, Give&& give);
+    template <class Samples, class Spare>
+    bool readEvery(std::vector<Samples>& out, JobProgress& progress, Spare&& spare);
     template <class MakeTarget, class Out>
     bool readOne(int signal, std::int64_t first, std::int64_t count, JobProgress& progress, Out& out,
                  MakeTarget&& makeTarget);
@@ -65,6 +73,7 @@ private:
     std::int64_t m_dataStart;
     bool m_swap;
     std::vector<SampleVector> m_spare; // memory for the next readAll()
+    std::int64_t m_framesPerReport = 0;
     KiroString m_errorText;
     bool m_cancelled = false;
 };

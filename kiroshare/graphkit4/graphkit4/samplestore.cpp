@@ -1,5 +1,7 @@
 #include "samplestore.h"
 
+#include "blockextremes.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -17,6 +19,8 @@ constexpr auto Block = std::size_t(SampleStore::BlockSize);
 constexpr auto Factor = std::size_t(SampleStore::LevelFactor);
 /// A level of so many blocks is the highest.
 constexpr std::size_t TopBlocks = 2 * Factor;
+/// Memory that is fetched at once.
+constexpr std::size_t CacheLine = 64;
 
 template <class T>
 bool isFinite(T value)
@@ -64,18 +68,26 @@ public:
         m_least.fill(Span<T>().least);
         m_greatest.fill(Span<T>().greatest);
     }
-    /// Of one of `low` and `high` in each lane.
-    LaneSpan(const T* low, const T* high)
-    {
-        std::copy_n(low, Lanes, m_least.begin());
-        std::copy_n(high, Lanes, m_greatest.begin());
-    }
     /// Takes in one of `low` and `high` in each lane.
     void add(const T* low, const T* high)
     {
         for (std::size_t i = 0; i < Lanes; ++i) {
-            m_least[i] = low[i] < m_least[i] ? low[i] : m_least[i];
-            m_greatest[i] = high[i] > m_greatest[i] ? high[i] : m_greatest[i];
+            m_least[i] = lower(low[i], m_least[i]);
+            m_greatest[i] = higher(high[i], m_greatest[i]);
+        }
+    }
+    /// As above, but only in the lanes from `first` to before `end`; without a branch.
+    void add(const T* low, const T* high, std::size_t first, std::size_t end)
+    {
+        static constexpr auto LeastShield = shield(Span<T>().greatest, Span<T>().least);
+        static constexpr auto GreatestShield = shield(Span<T>().least, Span<T>().greatest);
+        const std::size_t before = Lanes - first;
+        const std::size_t behind = 2 * Lanes - end;
+        for (std::size_t i = 0; i < Lanes; ++i) {
+            const T least = higher(higher(low[i], LeastShield[before + i]), LeastShield[behind + i]);
+            const T greatest = lower(lower(high[i], GreatestShield[before + i]), GreatestShield[behind + i]);
+            m_least[i] = lower(least, m_least[i]);
+            m_greatest[i] = higher(greatest, m_greatest[i]);
         }
     }
     Span<T> sum()
@@ -93,9 +105,21 @@ private:
     void fold()
     {
         for (std::size_t i = 0; i < Half; ++i) {
-            m_least[i] = m_least[i + Half] < m_least[i] ? m_least[i + Half] : m_least[i];
-            m_greatest[i] = m_greatest[i + Half] > m_greatest[i] ? m_greatest[i + Half] : m_greatest[i];
+            m_least[i] = lower(m_least[i + Half], m_least[i]);
+            m_greatest[i] = higher(m_greatest[i + Half], m_greatest[i]);
         }
+    }
+
+    static T lower(T a, T b) { return a < b ? a : b; }
+    static T higher(T a, T b) { return a > b ? a : b; }
+
+    /// As many as there are lanes of `inside`, and of `outside` on either side.
+    static constexpr std::array<T, 3 * Lanes> shield(T inside, T outside)
+    {
+        std::array<T, 3 * Lanes> made{};
+        for (std::size_t i = 0; i < made.size(); ++i)
+            made[i] = i / Lanes == 1 ? inside : outside;
+        return made;
     }
 
     std::array<T, Lanes> m_least;
@@ -136,51 +160,79 @@ bool blockHasGap(const T*)
     return false;
 }
 
+/// Extremes of the blocks that make one of the next level, side by side, so that they are fetched together.
 template <class T>
-Span<T> spanOfBlock(const T* samples)
+struct alignas(CacheLine) BlockGroup
 {
-    LaneSpan<T> lanes(samples, samples);
-    lanes.add(samples + LaneSpan<T>::Lanes, samples + LaneSpan<T>::Lanes);
-    return lanes.sum();
-}
+    std::array<T, Factor> least;
+    std::array<T, Factor> greatest;
+};
 
 /// Extremes of blocks of one length, without the rest that does not fill a block.
 template <class T>
-struct Level
+class Level
 {
-    std::vector<T> least;
-    std::vector<T> greatest;
-    std::vector<bool> gaps; ///< empty for whole numbers
-
+public:
     explicit Level(std::size_t count)
-        : least(count)
-        , greatest(count)
-        , gaps(std::is_floating_point_v<T> ? count : 0)
+        : m_groups((count + Factor - 1) / Factor)
+        , m_gaps(std::is_floating_point_v<T> ? m_groups.size() : 0)
+        , m_count(count)
     {
     }
-    std::size_t count() const { return least.size(); }
+
+    std::size_t count() const { return m_count; }
+    /// Blocks from `index` * Factor on; of the last one there may be fewer than Factor.
+    BlockGroup<T>& group(std::size_t index) { return m_groups[index]; }
+    const BlockGroup<T>& group(std::size_t index) const { return m_groups[index]; }
+    /// A bit for each block of a group that holds a sample that is not finite. Only of floating-point
+    /// numbers.
+    std::uint32_t gaps(std::size_t group) const { return m_gaps[group]; }
+    bool hasGap(std::size_t block) const { return (m_gaps[block / Factor] >> block % Factor & 1) != 0; }
+
+    void setGap(std::size_t block) { m_gaps[block / Factor] |= std::uint32_t(1) << block % Factor; }
     void set(std::size_t block, const Span<T>& span)
     {
-        least[block] = span.least;
-        greatest[block] = span.greatest;
+        m_groups[block / Factor].least[block % Factor] = span.least;
+        m_groups[block / Factor].greatest[block % Factor] = span.greatest;
     }
+
+private:
+    static_assert(Factor == 32); // bits of an element of m_gaps
+
+    std::vector<BlockGroup<T>> m_groups;
+    std::vector<std::uint32_t> m_gaps;
+    std::size_t m_count;
 };
+
+/// A block by itself; bears what is not finite.
+template <class T>
+void setBlock(Level<T>& level, std::size_t index, const T* samples)
+{
+    const T* block = samples + index * Block;
+    Span<T> span;
+    span.add(block, Block);
+    level.set(index, span);
+    if (blockHasGap(block))
+        level.setGap(index);
+}
 
 template <class T>
 Level<T> lowestLevel(const T* samples, std::size_t count)
 {
+    using Extremes = BlockExtremes<T, Block>;
+    static_assert(Factor % Extremes::Blocks == 0);
     Level<T> level(count / Block);
-    for (std::size_t i = 0; i < level.count(); ++i) {
-        const T* block = samples + i * Block;
-        if (blockHasGap(block)) {
-            Span<T> span;
-            span.add(block, Block);
-            level.set(i, span);
-            level.gaps[i] = true;
-        } else {
-            level.set(i, spanOfBlock(block));
+    std::size_t i = 0;
+    for (; i + Extremes::Blocks <= level.count(); i += Extremes::Blocks) {
+        BlockGroup<T>& group = level.group(i / Factor);
+        Extremes::find(samples + i * Block, &group.least[i % Factor], &group.greatest[i % Factor]);
+        for (std::size_t k = i; k < i + Extremes::Blocks; ++k) {
+            if (blockHasGap(samples + k * Block))
+                setBlock(level, k, samples);
         }
     }
+    for (; i < level.count(); ++i)
+        setBlock(level, i, samples);
     return level;
 }
 
@@ -189,13 +241,14 @@ Level<T> levelAbove(const Level<T>& below)
 {
     Level<T> level(below.count() / Factor);
     for (std::size_t i = 0; i < level.count(); ++i) {
-        Span<T> span;
-        for (std::size_t k = i * Factor; k < (i + 1) * Factor; ++k) {
-            span.add(below.least[k], below.greatest[k]);
-            if (std::is_floating_point_v<T> && below.gaps[k])
-                level.gaps[i] = true;
+        const BlockGroup<T>& group = below.group(i);
+        LaneSpan<T> lanes;
+        lanes.add(group.least.data(), group.greatest.data());
+        level.set(i, lanes.sum());
+        if constexpr (std::is_floating_point_v<T>) {
+            if (below.gaps(i) != 0)
+                level.setGap(i);
         }
-        level.set(i, span);
     }
     return level;
 }
@@ -216,8 +269,9 @@ struct Pyramid
 };
 
 /// Calls `samples(first, end)` and `blocks(level, first, end)` for ranges that together make up the samples
-/// from `first` to before `end`: of each level, at an end that is not one of a block of the next, as many as
-/// such a block has, which may overlap other ranges; all that there are if they hold no such block.
+/// from `first` to before `end`: of samples, at an end that is not one of a block, as many as a block has,
+/// which may overlap other ranges, or all that there are if they hold no block; of blocks those that a block
+/// of the next level does not hold.
 template <class T, class SamplesVisitor, class BlocksVisitor>
 void visitRange(const Pyramid<T>& pyramid, std::size_t first, std::size_t end, SamplesVisitor samples,
                 BlocksVisitor blocks)
@@ -240,9 +294,9 @@ void visitRange(const Pyramid<T>& pyramid, std::size_t first, std::size_t end, S
             return;
         }
         if (from % Factor != 0)
-            blocks(pyramid.levels[i], from, from + Factor);
+            blocks(pyramid.levels[i], from, above * Factor);
         if (to % Factor != 0)
-            blocks(pyramid.levels[i], to - Factor, to);
+            blocks(pyramid.levels[i], aboveEnd * Factor, to);
         from = above;
         to = aboveEnd;
     }
@@ -270,14 +324,11 @@ Span<T> spanOfRange(const T* samples, const Pyramid<T>& pyramid, std::size_t fir
         }
     };
     const auto addBlocks = [&](const Level<T>& level, std::size_t from, std::size_t to) {
-        if (to - from < Factor) {
-            for (; from < to; ++from)
-                span.add(level.least[from], level.greatest[from]);
-            return;
-        }
-        for (; from < to; from += Factor) {
-            const std::size_t start = std::min(from, to - Factor);
-            lanes.add(level.least.data() + start, level.greatest.data() + start);
+        for (std::size_t group = from / Factor; group * Factor < to; ++group) {
+            const BlockGroup<T>& extremes = level.group(group);
+            const std::size_t start = group * Factor;
+            lanes.add(extremes.least.data(), extremes.greatest.data(), std::max(from, start) - start,
+                      std::min(to - start, Factor));
         }
     };
     visitRange(pyramid, first, end, addSamples, addBlocks);
@@ -298,21 +349,34 @@ bool rangeHasGaps(const QVector<T>& samples, const Pyramid<T>& pyramid, std::siz
         },
         [&](const Level<T>& level, std::size_t from, std::size_t to) {
             for (std::size_t i = from; i < to && !found; ++i)
-                found = level.gaps[i];
+                found = level.hasGap(i);
         });
     return found;
 }
 
-/// Memory that is fetched at once.
-constexpr std::size_t CacheLine = 64;
+/// From `begin` to before `end`.
+void prefetchBytes(const char* begin, const char* end)
+{
+    for (; begin < end; begin += CacheLine)
+        __builtin_prefetch(begin);
+    // The compiler leaves out calls of functions that do nothing but fetch.
+    asm volatile("");
+}
 
 /// From `before` elements before `place` to as many behind it.
 template <class T>
-void prefetchAround(const T* begin, std::size_t count, std::size_t place, std::size_t before)
+void prefetchAround(const T* elements, std::size_t count, std::size_t place, std::size_t before)
 {
-    const std::size_t end = std::min(place + before, count);
-    for (std::size_t i = place - std::min(place, before); i < end; i += CacheLine / sizeof(T))
-        __builtin_prefetch(begin + i);
+    const T* begin = elements + (place - std::min(place, before));
+    const T* end = elements + std::min(place + before, count);
+    prefetchBytes(reinterpret_cast<const char*>(begin), reinterpret_cast<const char*>(end));
+}
+
+template <class Object>
+void prefetchWhole(const Object& object)
+{
+    const auto* bytes = reinterpret_cast<const char*>(&object);
+    prefetchBytes(bytes, bytes + sizeof(Object));
 }
 
 using AnyPyramid =
@@ -413,8 +477,8 @@ void SampleStore::prefetch(int index) const
         // Higher levels are small and stay in the cache.
         for (std::size_t i = 0; i < std::min<std::size_t>(pyramid.levels.size(), 2); ++i) {
             const auto& level = pyramid.levels[i];
-            prefetchAround(level.least.data(), level.count(), place, Factor);
-            prefetchAround(level.greatest.data(), level.count(), place, Factor);
+            if (place < level.count())
+                prefetchWhole(level.group(place / Factor));
             place /= Factor;
         }
     });

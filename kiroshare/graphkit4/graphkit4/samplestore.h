@@ -1,16 +1,8 @@
 #pragma once
 
-#include <QVector>
+#include "elementtype.h"
 
-#include <cstdint>
 #include <memory>
-#include <variant>
-
-/// The samples of a strip in their own element type; the index of the alternative is the element type number.
-using SampleArray =
-    std::variant<QVector<std::int8_t>, QVector<std::uint8_t>, QVector<std::int16_t>, QVector<std::uint16_t>,
-                 QVector<std::int32_t>, QVector<std::uint32_t>, QVector<std::int64_t>, QVector<std::uint64_t>,
-                 QVector<float>, QVector<double>>;
 
 /// A lowest and a highest value.
 struct Extremes

@@ -27,14 +27,20 @@ TEST(ElementTypeTest, AllOtherPairsAreDouble)
 
 TEST(ElementTypeTest, VectorsBearTheirNumberAsIndex)
 {
-    for (int type = 0; type < 10; ++type)
+    for (int type = 0; type < 10; ++type) {
         EXPECT_EQ(makeSampleVector(type).index(), std::size_t(type));
+        EXPECT_EQ(makeSampleArray(type).index(), std::size_t(type));
+    }
     EXPECT_TRUE(std::holds_alternative<std::vector<std::uint32_t>>(makeSampleVector(5)));
     EXPECT_TRUE(std::holds_alternative<std::vector<float>>(makeSampleVector(8)));
+    EXPECT_TRUE(std::holds_alternative<QVector<std::uint32_t>>(makeSampleArray(5)));
+    EXPECT_TRUE(std::holds_alternative<QVector<double>>(makeSampleArray(9)));
 }
 
 TEST(ElementTypeTest, CountIsOfAnyType)
 {
     EXPECT_EQ(sampleCount(SampleVector(std::vector<std::int16_t>{1, 2, 3})), 3u);
     EXPECT_EQ(sampleCount(makeSampleVector(9)), 0u);
+    EXPECT_EQ(sampleCount(SampleArray(QVector<float>{1.0f, 2.0f})), 2u);
+    EXPECT_EQ(sampleCount(makeSampleArray(0)), 0u);
 }

@@ -64,7 +64,9 @@ bool sameBytes(const std::vector<Number>& a, const std::vector<Number>& b)
            (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(Number)) == 0);
 }
 
-bool sameAsOneByOne(const SampleVector& bulk, const std::vector<KiroValue>& values)
+/// `bulk` in vectors of either kind.
+template <class Samples>
+bool sameAsOneByOne(const Samples& bulk, const std::vector<KiroValue>& values)
 {
     return std::visit(
         [&](const auto& samples) {
@@ -72,7 +74,7 @@ bool sameAsOneByOne(const SampleVector& bulk, const std::vector<KiroValue>& valu
             std::vector<Number> wanted;
             for (const KiroValue& value : values)
                 wanted.push_back(converted<Number>(value));
-            return sameBytes(samples, wanted);
+            return sameBytes(std::vector<Number>(samples.begin(), samples.end()), wanted);
         },
         bulk);
 }
@@ -129,6 +131,52 @@ TEST_F(KiroBulkReaderTest, AllSignalsAreTheSamplesOneByOne)
         EXPECT_EQ(int(all[std::size_t(i)].index()), elementType(signal.valueType, signal.sampleSize)) << i;
         EXPECT_TRUE(sameAsOneByOne(all[std::size_t(i)], samplesOneByOne(m_reader, i))) << i;
     }
+}
+
+TEST_F(KiroBulkReaderTest, SharedArraysAreTheSamplesOneByOne)
+{
+    makeRecording(everyKindOfSignal(), 2500);
+    std::vector<SampleArray> all;
+    KiroBulkReader bulk(m_reader);
+    ASSERT_TRUE(bulk.readAll(all, m_progress)) << bulk.errorText().bytes();
+    ASSERT_EQ(int(all.size()), m_reader.header().signalCount());
+    for (int i = 0; i < m_reader.header().signalCount(); ++i) {
+        const KiroSignal signal = m_reader.header().signal(unsigned(i));
+        EXPECT_EQ(int(all[std::size_t(i)].index()), elementType(signal.valueType, signal.sampleSize)) << i;
+        EXPECT_TRUE(sameAsOneByOne(all[std::size_t(i)], samplesOneByOne(m_reader, i))) << i;
+    }
+}
+
+TEST_F(KiroBulkReaderTest, SharedArraysHaveNoMoreMemoryThanTheirSamples)
+{
+    makeRecording({makeSignal("a", KiroValue::SignedInt, 2, 3), makeSignal("b", KiroValue::Float, 4, 1)},
+                  5000);
+    std::vector<SampleArray> all;
+    ASSERT_TRUE(KiroBulkReader(m_reader).readAll(all, m_progress));
+    EXPECT_EQ(std::get<QVector<std::int16_t>>(all.at(0)).capacity(), 15000);
+    EXPECT_EQ(std::get<QVector<float>>(all.at(1)).capacity(), 5000);
+}
+
+// Each byte of a sample that is no number stands for a double in memory.
+TEST_F(KiroBulkReaderTest, SignalsThatNoArrayHoldsAreAnError)
+{
+    const std::int64_t most = (std::int64_t(1) << 31) / 8;
+    const KiroHeader header =
+        makeHeader({makeSignal("a", KiroValue::SignedInt, 2, 1), makeSignal("b", KiroValue::Object, 1, 1024)},
+                   std::uint32_t(most / 1024));
+    m_path = m_folder.write(QStringLiteral("o.kiro"), header.toBytes());
+    QFile file(m_path.toQString());
+    ASSERT_TRUE(file.resize(qint64(header.headerSize()) + header.frameSize() * header.frameCount()));
+    ASSERT_TRUE(m_reader.setFile(m_path));
+    std::vector<SampleArray> all{QVector<float>{1.0f}};
+    KiroBulkReader bulk(m_reader);
+    EXPECT_FALSE(bulk.readAll(all, m_progress));
+    EXPECT_EQ(bulk.errorText().bytes(),
+              "KiroBulkReader - signal 1 is too large for an array (bytes in memory: 2147483648)");
+    EXPECT_FALSE(bulk.wasCancelled());
+    EXPECT_TRUE(m_progress.values.empty());
+    ASSERT_EQ(all.size(), 1u);
+    EXPECT_EQ(std::get<QVector<float>>(all[0]), QVector<float>{1.0f});
 }
 
 TEST_F(KiroBulkReaderTest, OneSignalIsTheSamplesOneByOneInEveryForm)
@@ -243,6 +291,31 @@ TEST_F(KiroBulkReaderTest, ProgressRisesToItsEnd)
     EXPECT_EQ(m_progress.values.back(), 100);
 }
 
+TEST_F(KiroBulkReaderTest, ProgressIsReportedAfterAsManyFramesAsAsked)
+{
+    makeRecording({makeSignal("a", KiroValue::SignedInt, 2, 4)}, 100);
+    struct Case
+    {
+        std::int64_t frames;
+        int reports;
+    };
+    for (const auto& [frames, reports] :
+         {Case{5, 20}, Case{30, 4}, Case{1, 100}, Case{1000, 1}, Case{0, 1}, Case{-1, 1}}) {
+        RecordedProgress progress;
+        KiroBulkReader bulk(m_reader);
+        bulk.setFramesPerReport(frames);
+        std::vector<SampleArray> all;
+        ASSERT_TRUE(bulk.readAll(all, progress));
+        EXPECT_TRUE(sameAsOneByOne(all.at(0), samplesOneByOne(m_reader, 0))) << frames;
+        ASSERT_EQ(int(progress.values.size()), reports) << frames;
+        EXPECT_EQ(progress.range, (std::pair<int, int>{0, progress.values.back()})) << frames;
+        // All is read in one go where nothing else is asked.
+        EXPECT_EQ(progress.values.back(), frames > 0 ? reports : 100) << frames;
+        for (int i = 0; frames > 0 && i < reports; ++i)
+            EXPECT_EQ(progress.values[std::size_t(i)], i + 1) << frames;
+    }
+}
+
 TEST_F(KiroBulkReaderTest, CancellingLeavesTheOutput)
 {
     makeRecording({makeSignal("a", KiroValue::Float, 8, 8)}, 30000);
@@ -355,6 +428,10 @@ TEST_F(KiroBulkReaderTest, HostileCountsTakeNoMemory)
         for (const SampleVector& samples : all)
             EXPECT_EQ(sampleCount(samples), 0u);
         EXPECT_EQ(read, reader.header().frameSize() == 0);
+        std::vector<SampleArray> arrays;
+        EXPECT_EQ(KiroBulkReader(reader).readAll(arrays, m_progress), read);
+        for (const SampleArray& samples : arrays)
+            EXPECT_EQ(sampleCount(samples), 0u);
     }
 }
 
