@@ -22,6 +22,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QMimeData>
@@ -35,6 +36,9 @@ namespace
 
 /// The unit of calibrated eye signals.
 const QString EyeUnit = QStringLiteral("deg");
+
+/// The key's name for this program's own translation: Qt's Polish one calls it after the home folder.
+[[maybe_unused]] constexpr const char* HomeKey = QT_TRANSLATE_NOOP("QShortcut", "Home");
 
 QLocale numberFormat()
 {
@@ -64,7 +68,7 @@ QString detectionTypeText(int type)
     case KiroSaccHeader::Binocular:
         return SaccadeCenter::tr("Binocular");
     default:
-        return KiroSaccHeader::detectionTypeName(type).toQString();
+        return SaccadeCenter::tr("Unknown");
     }
 }
 
@@ -82,6 +86,14 @@ void nameByCaptions(const QFormLayout& form)
         auto* const caption = qobject_cast<QLabel*>(form.itemAt(row, QFormLayout::LabelRole)->widget());
         caption->setBuddy(form.itemAt(row, QFormLayout::FieldRole)->widget());
     }
+}
+
+/// Whether a button is pressed or left by the key while it has the focus.
+bool isKeyOfButton(const QObject* button, int key)
+{
+    if (key == Qt::Key_Space)
+        return true;
+    return qobject_cast<const QRadioButton*>(button) && (key == Qt::Key_Left || key == Qt::Key_Right);
 }
 
 /// Room for a text, so that nothing moves while it changes.
@@ -242,6 +254,9 @@ void SaccadeCenter::setUpSidePanel()
     for (QRadioButton* radio : {m_ui->radioVelAuto, m_ui->radioVelConst, m_ui->radioVelFit})
         connect(radio, &QAbstractButton::clicked, this, [this] { resetVelocityScale(); });
 
+    for (QAbstractButton* button : m_ui->centralWidget->findChildren<QAbstractButton*>())
+        button->installEventFilter(this);
+
     nameByCaptions(*m_ui->layoutMeasures);
     nameByCaptions(*m_ui->layoutDetection);
     keepRoomFor(m_ui->labelTimeWindow, numberFormat().toString(60.0, 'f', 4));
@@ -294,6 +309,17 @@ void SaccadeCenter::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         muteHint();
+}
+
+/// A button that has the focus gets its keys ahead of the actions that have them as shortcuts.
+bool SaccadeCenter::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        isKeyOfButton(watched, static_cast<QKeyEvent*>(event)->key())) {
+        event->accept();
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void SaccadeCenter::loadSettings()
@@ -457,6 +483,8 @@ void SaccadeCenter::showData()
     m_eyeCharts->setDataTitles(EyeUnit);
     arrangeCharts();
     m_ui->stackContent->setCurrentWidget(m_ui->pageCharts);
+    // An empty window has the focus on the first of its buttons, which would take the keys.
+    (*m_eyeCharts)[0].plot->setFocus();
     m_timeWindow.setSamples(m_document.sampleCount(), m_document.msPerSample());
     setUpScroll();
     enableActions();

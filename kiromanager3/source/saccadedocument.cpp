@@ -1,6 +1,7 @@
 #include "saccadedocument.h"
 
 #include "inistore.h"
+#include "kiroheader.h"
 #include "saccadeundo.h"
 
 #include <QFileInfo>
@@ -247,6 +248,10 @@ bool SaccadeDocument::saveAs(const QString& path)
 {
     if (isSameFile(path, m_state.dataFile)) {
         m_error = tr("this is the recording itself");
+        return false;
+    }
+    if (KiroHeader().load(path)) {
+        m_error = tr("there is a recording of this name, which is not replaced");
         return false;
     }
     fillHeader();

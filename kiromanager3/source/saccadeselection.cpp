@@ -57,11 +57,12 @@ QStringList saccadeColumns(TimeUnit unit)
 
 QString saccadeRow(int number, const KiroSaccadeEye& eye, double frequency, TimeUnit unit)
 {
-    // The table sorts numbers as they are written in C.
+    QLocale locale = QLocale::system();
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
     return QStringLiteral("%1\t%2\t%3\t%4\t%5\t%6")
-        .arg(QString::number(number), timeString(eye.start, frequency, unit, false),
+        .arg(locale.toString(number), timeString(eye.start, frequency, unit, false),
              timeString(eye.duration, frequency, unit, true), timeString(eye.fixation, frequency, unit, true),
-             QString::number(eye.amplitude, 'f', 1), QString::number(eye.peakVelocity, 'f', 1));
+             locale.toString(eye.amplitude, 'f', 1), locale.toString(eye.peakVelocity, 'f', 1));
 }
 
 QList<int> selectSaccades(QWidget* parent, const QList<KiroSaccade>& saccades, double frequency,

@@ -17,5 +17,6 @@ QList<int> selectSaccades(QWidget* parent, const QList<KiroSaccade>& saccades, d
 
 /// The columns' titles.
 QStringList saccadeColumns(TimeUnit unit);
-/// One saccade as a row, its cells separated by tabs; `number` counts from 1.
+/// One saccade as a row, its cells separated by tabs and its numbers in the form of the user's system;
+/// `number` counts from 1.
 QString saccadeRow(int number, const KiroSaccadeEye& eye, double frequency, TimeUnit unit);

@@ -100,6 +100,54 @@ TEST_F(SaccadeCenterAccessTest, GivesEveryEntryOfAMenuItsOwnLetter)
         check(menu->actions(), menu->title());
 }
 
+TEST_F(SaccadeCenterAccessTest, LeavesButtonsTheKeysThatPressThem)
+{
+    detect();
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    const auto press = [this](const char* name, Qt::Key key) {
+        find<QWidget>(name).setFocus(Qt::TabFocusReason);
+        QTest::keyClick(&find<QWidget>(name), key);
+    };
+    press("buttonTimeZoomIn", Qt::Key_Space);
+    EXPECT_EQ(window().timeWindow().length(), 2750.0);
+    press("buttonNext", Qt::Key_Space);
+    EXPECT_EQ(document().currentSaccade(), 1);
+    press("radioPosAuto", Qt::Key_Right);
+    EXPECT_TRUE(find<QRadioButton>("radioPosConst").isChecked());
+    press("radioPosConst", Qt::Key_Left);
+    EXPECT_TRUE(find<QRadioButton>("radioPosAuto").isChecked());
+    EXPECT_EQ(document().currentSaccade(), 1);
+    press("plotRightHorzPosition", Qt::Key_Right);
+    EXPECT_EQ(document().currentSaccade(), 2);
+}
+
+TEST_F(SaccadeCenterAccessTest, StepsByKeysAsSoonAsThereIsData)
+{
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    find<QRadioButton>("radioPosAuto").setFocus();
+    detect();
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    ASSERT_EQ(window().focusWidget(), &position());
+    QTest::keyClick(window().focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(document().currentSaccade(), 1);
+}
+
+// A choice made with the mouse must not take the keys that step through the saccades.
+TEST_F(SaccadeCenterAccessTest, LeavesTheFocusWhereItIsWhenTheMouseChoosesAScale)
+{
+    detect();
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    position().setFocus();
+    QTest::mouseClick(&find<QRadioButton>("radioPosConst"), Qt::LeftButton);
+    QTest::mouseClick(&find<QToolButton>("buttonTimeZoomIn"), Qt::LeftButton);
+    EXPECT_TRUE(find<QRadioButton>("radioPosConst").isChecked());
+    EXPECT_TRUE(position().hasFocus());
+}
+
 TEST_F(SaccadeCenterAccessTest, TellsTheKeysInToolTips)
 {
     int count = 0;

@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QProcess>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QWheelEvent>
@@ -561,6 +562,32 @@ TEST(SaccadeRow, WritesTheTimesInTheUnit)
     EXPECT_EQ(row(TimeUnit::Seconds), QStringLiteral("3\t122.468\t84\t1800\t-7.3\t312.0"));
     EXPECT_EQ(row(TimeUnit::Minutes), QStringLiteral("3\t2:02.468\t84\t1800\t-7.3\t312.0"));
     EXPECT_EQ(row(TimeUnit::Hours), QStringLiteral("3\t00:02:02.468\t84\t1800\t-7.3\t312.0"));
+}
+
+// The system's locale is settled once in a process, so this test runs itself in another one.
+TEST(SaccadeRowSystemLocale, IsWhatAllNumbersAreWrittenIn)
+{
+    const char* const childMark = "KIRO_TEST_CHILD";
+    if (!qEnvironmentVariableIsSet(childMark)) {
+        QProcess child;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("pl_PL.UTF-8"));
+        environment.insert(QString::fromLatin1(childMark), QStringLiteral("1"));
+        child.setProcessEnvironment(environment);
+        child.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--gtest_filter=SaccadeRowSystemLocale.*")});
+        ASSERT_TRUE(child.waitForFinished());
+        EXPECT_EQ(child.exitCode(), 0) << child.readAllStandardOutput().toStdString();
+        return;
+    }
+    KiroSaccadeEye eye;
+    eye.start = 61234;
+    eye.duration = 42;
+    eye.fixation = 61234;
+    eye.amplitude = -7.26;
+    eye.peakVelocity = 1312.04;
+    EXPECT_EQ(saccadeRow(1003, eye, 500.0, TimeUnit::Seconds),
+              QStringLiteral("1003\t122,468\t84\t122468\t-7,3\t1312,0"));
 }
 
 } // namespace

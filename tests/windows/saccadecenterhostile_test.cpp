@@ -159,6 +159,14 @@ TEST_F(SaccadeCenterHostileTest, TakesAFileOfBothEyesThatNamesOneSignal)
     EXPECT_EQ(document().saccades().size(), SaccadeCount);
 }
 
+TEST_F(SaccadeCenterHostileTest, SaysThatTheTypeIsUnknown)
+{
+    const QString file = changedFile([](KiroSaccHeader& header) { header.detectionType = 9; });
+    window().openFile(file);
+    EXPECT_EQ(document().saccades().size(), SaccadeCount);
+    EXPECT_EQ(label("labelDetectedType"), QStringLiteral("Unknown"));
+}
+
 TEST_F(SaccadeCenterHostileTest, TakesRatesThatMakeNoSense)
 {
     struct Rate

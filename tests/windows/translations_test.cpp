@@ -127,3 +127,11 @@ TEST_P(Translations, StandCompiledBesideTheProgram)
     EXPECT_TRUE(QFile::exists(QStringLiteral(PROGRAM_FOLDER "/") + name + QStringLiteral(".qm")));
     EXPECT_TRUE(translator.load(name, QStringLiteral(PROGRAM_FOLDER)));
 }
+
+// Qt's own Polish calls this key after the home folder.
+TEST(PolishKeys, HomeIsNamedAsOnTheKeyboard)
+{
+    QTranslator translator;
+    ASSERT_TRUE(translator.load(QStringLiteral("kiromanager_pl"), QStringLiteral(PROGRAM_FOLDER)));
+    EXPECT_EQ(translator.translate("QShortcut", "Home"), QStringLiteral("Home"));
+}

@@ -228,6 +228,19 @@ TEST_F(SaccadeDocumentTest, NeverSavesOverTheRecording)
     EXPECT_TRUE(document.state().saccadeFile.isEmpty());
 }
 
+TEST_F(SaccadeDocumentTest, NeverSavesOverAnotherRecording)
+{
+    SaccadeDocument document(journalFolder());
+    detect(document);
+    const QString copy = m_folder.path(QStringLiteral("copy.kiro"));
+    ASSERT_TRUE(QFile::copy(recording(), copy));
+    EXPECT_FALSE(document.saveAs(copy));
+    EXPECT_EQ(document.error(), QStringLiteral("there is a recording of this name, which is not replaced"));
+    EXPECT_TRUE(fileBytes(KiroString(copy)) == fileBytes(KiroString(recording())));
+    EXPECT_TRUE(document.isModified());
+    EXPECT_TRUE(document.state().saccadeFile.isEmpty());
+}
+
 TEST_F(SaccadeDocumentTest, UndoesAndRedoesEdits)
 {
     SaccadeDocument document(journalFolder());
