@@ -477,12 +477,63 @@ Prędkość szczytowa %4 deg/s</translation>
     </message>
 </context>
 <context>
+    <name>FavoriteViews</name>
+    <message>
+        <source>Custom view</source>
+        <translation>Widok własny</translation>
+    </message>
+</context>
+<context>
     <name>FileChoice</name>
     <message>
         <source>The file %1 already exists.
 Do you want to replace it?</source>
         <translation>Plik %1 już istnieje.
 Czy chcesz go zastąpić?</translation>
+    </message>
+</context>
+<context>
+    <name>LabelMemory</name>
+    <message>
+        <source>New label name</source>
+        <translation>Nazwa nowej etykiety</translation>
+    </message>
+    <message>
+        <source>New label description</source>
+        <translation>Opis nowej etykiety</translation>
+    </message>
+</context>
+<context>
+    <name>LoadedRecording</name>
+    <message>
+        <source>The file %1 was changed or removed by another program while it was loaded.</source>
+        <translation>Plik %1 został zmieniony lub usunięty przez inny program podczas wczytywania.</translation>
+    </message>
+    <message>
+        <source>Failed to load data signals!</source>
+        <translation>Nie udało się wczytać sygnałów danych!</translation>
+    </message>
+    <message>
+        <source>Failed to load file header</source>
+        <translation>Nie udało się wczytać nagłówka pliku</translation>
+    </message>
+    <message>
+        <source>The file you are trying to open is the valid kiro file but the header is corrupted.
+Use DataFileCenter module to reconstruct it.</source>
+        <translation>Otwierany plik jest poprawnym plikiem kiro, ale jego nagłówek jest uszkodzony.
+Użyj modułu DataFileCenter, aby go odtworzyć.</translation>
+    </message>
+    <message>
+        <source>The file you are trying to open does not contain any data!</source>
+        <translation>Otwierany plik nie zawiera żadnych danych!</translation>
+    </message>
+    <message>
+        <source>The file %1 does not tell how fast its signals were recorded.</source>
+        <translation>Plik %1 nie podaje, z jaką częstotliwością zapisano jego sygnały.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Za mało pamięci.</translation>
     </message>
 </context>
 <context>
@@ -616,10 +667,506 @@ Dodatkowe szczegóły można znaleźć w pliku dziennika „%1” w katalogu ins
     </message>
 </context>
 <context>
+    <name>QShortcut</name>
+    <message>
+        <source>Home</source>
+        <translation>Home</translation>
+    </message>
+</context>
+<context>
     <name>ReviewFrame</name>
     <message>
         <source>Signals browser</source>
         <translation>Przeglądarka sygnałów</translation>
+    </message>
+    <message>
+        <source>Select kiro data file</source>
+        <translation>Wybierz plik danych kiro</translation>
+    </message>
+    <message>
+        <source>Kiro data (*.kiro)</source>
+        <translation>Dane kiro (*.kiro)</translation>
+    </message>
+    <message>
+        <source>All files (*.*)</source>
+        <translation>Wszystkie pliki (*.*)</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be found!</source>
+        <translation>Nie można znaleźć pliku %1!</translation>
+    </message>
+    <message>
+        <source>There are unsaved changes in labels for this file. Would you like to save them?</source>
+        <translation>Etykiety tego pliku mają niezapisane zmiany. Czy chcesz je zapisać?</translation>
+    </message>
+    <message>
+        <source>Yes, save</source>
+        <translation>Tak, zapisz</translation>
+    </message>
+    <message>
+        <source>No, do not save</source>
+        <translation>Nie, nie zapisuj</translation>
+    </message>
+    <message>
+        <source>Cancel operation</source>
+        <translation>Anuluj operację</translation>
+    </message>
+    <message>
+        <source>Loading data header...</source>
+        <translation>Wczytywanie nagłówka danych...</translation>
+    </message>
+    <message>
+        <source>Data file loaded!</source>
+        <translation>Plik danych wczytany!</translation>
+    </message>
+    <message>
+        <source>Checking selected file integrity...</source>
+        <translation>Sprawdzanie spójności wybranego pliku...</translation>
+    </message>
+    <message>
+        <source>Storing display settings for current file...</source>
+        <translation>Zapisywanie ustawień widoku bieżącego pliku...</translation>
+    </message>
+    <message>
+        <source>Closing current file...</source>
+        <translation>Zamykanie bieżącego pliku...</translation>
+    </message>
+    <message>
+        <source>Loading favorite views...</source>
+        <translation>Wczytywanie ulubionych widoków...</translation>
+    </message>
+    <message>
+        <source>Initializing internal data...</source>
+        <translation>Przygotowywanie danych wewnętrznych...</translation>
+    </message>
+    <message>
+        <source>Loading file settings...</source>
+        <translation>Wczytywanie ustawień pliku...</translation>
+    </message>
+    <message>
+        <source>Looking for audio data...</source>
+        <translation>Szukanie danych dźwiękowych...</translation>
+    </message>
+    <message>
+        <source>Loading data signals...</source>
+        <translation>Wczytywanie sygnałów danych...</translation>
+    </message>
+    <message>
+        <source>Initializing audio player...</source>
+        <translation>Przygotowywanie odtwarzacza dźwięku...</translation>
+    </message>
+    <message>
+        <source>Initializing user interface...</source>
+        <translation>Przygotowywanie okna...</translation>
+    </message>
+    <message>
+        <source>Open labels</source>
+        <translation>Otwórz etykiety</translation>
+    </message>
+    <message>
+        <source>Add labels</source>
+        <translation>Dodaj etykiety</translation>
+    </message>
+    <message>
+        <source>Save labels</source>
+        <translation>Zapisz etykiety</translation>
+    </message>
+    <message>
+        <source>Save labels as...</source>
+        <translation>Zapisz etykiety jako...</translation>
+    </message>
+    <message>
+        <source>Export labels...</source>
+        <translation>Eksportuj etykiety...</translation>
+    </message>
+    <message>
+        <source>Manage labels</source>
+        <translation>Zarządzaj etykietami</translation>
+    </message>
+    <message>
+        <source>Clear labels</source>
+        <translation>Usuń wszystkie etykiety</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Cofnij</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Ponów</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Ogólne</translation>
+    </message>
+    <message>
+        <source>Plot style</source>
+        <translation>Styl wykresu</translation>
+    </message>
+    <message>
+        <source>Signals scale</source>
+        <translation>Skala sygnałów</translation>
+    </message>
+    <message>
+        <source>Print selected range</source>
+        <translation>Drukuj wybrany zakres</translation>
+    </message>
+    <message>
+        <source>Print current page</source>
+        <translation>Drukuj bieżącą stronę</translation>
+    </message>
+    <message>
+        <source>Acquire screenshot</source>
+        <translation>Zrzut ekranu</translation>
+    </message>
+    <message>
+        <source>Go to time...</source>
+        <translation>Przejdź do czasu...</translation>
+    </message>
+    <message>
+        <source>Selection time</source>
+        <translation>Długość okna</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Czas</translation>
+    </message>
+    <message>
+        <source>Position %1 s</source>
+        <translation>Pozycja %1 s</translation>
+    </message>
+    <message>
+        <source>New selector position %1 s with range %2 s</source>
+        <translation>Nowa pozycja okna %1 s, zakres %2 s</translation>
+    </message>
+    <message>
+        <source>Enter time in seconds</source>
+        <translation>Podaj czas w sekundach</translation>
+    </message>
+    <message>
+        <source>Enter new selection time in seconds</source>
+        <translation>Podaj nową długość okna w sekundach</translation>
+    </message>
+    <message>
+        <source>Enter new favorite signals view name</source>
+        <translation>Podaj nazwę nowego ulubionego widoku sygnałów</translation>
+    </message>
+    <message>
+        <source>New favorite signals view name must be unique. Please try again.</source>
+        <translation>Nazwa nowego ulubionego widoku musi być niepowtarzalna. Spróbuj ponownie.</translation>
+    </message>
+    <message>
+        <source>Cannot remove default favorite signals view!</source>
+        <translation>Nie można usunąć domyślnego widoku sygnałów!</translation>
+    </message>
+    <message>
+        <source>Kiro labels file (*.lab)</source>
+        <translation>Plik etykiet kiro (*.lab)</translation>
+    </message>
+    <message>
+        <source>Add label</source>
+        <translation>Dodanie etykiety</translation>
+    </message>
+    <message>
+        <source>Edit label</source>
+        <translation>Edytuj etykietę</translation>
+    </message>
+    <message>
+        <source>Delete label</source>
+        <translation>Usuń etykietę</translation>
+    </message>
+    <message>
+        <source>Select Kiro labels file</source>
+        <translation>Wybierz plik etykiet kiro</translation>
+    </message>
+    <message>
+        <source>Failed to load labels from file %1</source>
+        <translation>Nie udało się wczytać etykiet z pliku %1</translation>
+    </message>
+    <message>
+        <source>Select destination file</source>
+        <translation>Wybierz plik docelowy</translation>
+    </message>
+    <message>
+        <source>The file %1 already exists! Would you like to overwrite it?</source>
+        <translation>Plik %1 już istnieje! Czy chcesz go zastąpić?</translation>
+    </message>
+    <message>
+        <source>Failed to save labels to the file %1</source>
+        <translation>Nie udało się zapisać etykiet do pliku %1</translation>
+    </message>
+    <message>
+        <source>This operation will remove all current labels! Would you like to continue?</source>
+        <translation>Ta operacja usunie wszystkie bieżące etykiety! Czy chcesz kontynuować?</translation>
+    </message>
+    <message>
+        <source>Mark calibration point</source>
+        <translation>Zaznacz punkt kalibracji</translation>
+    </message>
+    <message>
+        <source>Delete calibration point</source>
+        <translation>Usuń punkt kalibracji</translation>
+    </message>
+    <message>
+        <source>Calculate calibration factor</source>
+        <translation>Oblicz współczynnik kalibracji</translation>
+    </message>
+    <message>
+        <source>Clear calibration points</source>
+        <translation>Usuń wszystkie punkty kalibracji</translation>
+    </message>
+    <message>
+        <source>Direct calibration</source>
+        <translation>Kalibracja bezpośrednia</translation>
+    </message>
+    <message>
+        <source>Clear signal calibration</source>
+        <translation>Usuń kalibrację sygnału</translation>
+    </message>
+    <message>
+        <source>Show all signals</source>
+        <translation>Pokaż wszystkie sygnały</translation>
+    </message>
+    <message>
+        <source>Show only this signal</source>
+        <translation>Pokaż tylko ten sygnał</translation>
+    </message>
+    <message>
+        <source>Hide this signal</source>
+        <translation>Ukryj ten sygnał</translation>
+    </message>
+    <message>
+        <source>Change scale type to automatic</source>
+        <translation>Zmień skalę na automatyczną</translation>
+    </message>
+    <message>
+        <source>Change scale type to fixed</source>
+        <translation>Zmień skalę na stałą</translation>
+    </message>
+    <message>
+        <source>Change scale type to tracing</source>
+        <translation>Zmień skalę na śledzącą</translation>
+    </message>
+    <message>
+        <source>Edit signal scale...</source>
+        <translation>Edytuj skalę sygnału...</translation>
+    </message>
+    <message>
+        <source>Label %1
+Description: %2</source>
+        <translation>Etykieta %1
+Opis: %2</translation>
+    </message>
+    <message>
+        <source>Signal: %1, time: %2 s, value: %3</source>
+        <translation>Sygnał: %1, czas: %2 s, wartość: %3</translation>
+    </message>
+    <message>
+        <source>Signal: %1, time: %2 s, value: %3 %4</source>
+        <translation>Sygnał: %1, czas: %2 s, wartość: %3 %4</translation>
+    </message>
+</context>
+<context>
+    <name>ReviewFrameBase</name>
+    <message>
+        <source>Signals browser</source>
+        <translation>Przeglądarka sygnałów</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message>
+        <source>Open a recording</source>
+        <translation>Otwórz zapis</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Zapisz</translation>
+    </message>
+    <message>
+        <source>Save the changed calibration into the recording</source>
+        <translation>Zapisz zmienioną kalibrację w pliku zapisu</translation>
+    </message>
+    <message>
+        <source>Labels</source>
+        <translation>Etykiety</translation>
+    </message>
+    <message>
+        <source>Open, save and clear labels</source>
+        <translation>Otwieranie, zapisywanie i usuwanie etykiet</translation>
+    </message>
+    <message>
+        <source>Setup</source>
+        <translation>Ustawienia</translation>
+    </message>
+    <message>
+        <source>Look, printing, and the stretch of time that is shown</source>
+        <translation>Wygląd, drukowanie i pokazywany zakres czasu</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zamknij</translation>
+    </message>
+    <message>
+        <source>Close the signals browser</source>
+        <translation>Zamknij przeglądarkę sygnałów</translation>
+    </message>
+    <message>
+        <source>Arrow pointer mode</source>
+        <translation>Tryb strzałki</translation>
+    </message>
+    <message>
+        <source>Signal measuring mode</source>
+        <translation>Tryb pomiaru sygnału</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zakres</translation>
+    </message>
+    <message>
+        <source>Time scale selection mode</source>
+        <translation>Tryb wyboru zakresu czasu</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>Point label mode</source>
+        <translation>Tryb etykiety punktu</translation>
+    </message>
+    <message>
+        <source>Signal</source>
+        <translation>Sygnał</translation>
+    </message>
+    <message>
+        <source>Signal line label mode</source>
+        <translation>Tryb etykiety linii sygnału</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Czas</translation>
+    </message>
+    <message>
+        <source>Time line label mode</source>
+        <translation>Tryb etykiety linii czasu</translation>
+    </message>
+    <message>
+        <source>Signal p.</source>
+        <translation>Okr. syg.</translation>
+    </message>
+    <message>
+        <source>Signal period label mode</source>
+        <translation>Tryb etykiety okresu sygnału</translation>
+    </message>
+    <message>
+        <source>Time p.</source>
+        <translation>Okr. cz.</translation>
+    </message>
+    <message>
+        <source>Time period label mode</source>
+        <translation>Tryb etykiety okresu czasu</translation>
+    </message>
+    <message>
+        <source>Calib</source>
+        <translation>Kalibr.</translation>
+    </message>
+    <message>
+        <source>Signal calibration mode</source>
+        <translation>Tryb kalibracji sygnału</translation>
+    </message>
+    <message>
+        <source>Noise</source>
+        <translation>Szum</translation>
+    </message>
+    <message>
+        <source>Signal noise statistic mode</source>
+        <translation>Tryb statystyki szumu sygnału</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Dźwięk</translation>
+    </message>
+    <message>
+        <source>Audio player mode</source>
+        <translation>Tryb odtwarzania dźwięku</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Wideo</translation>
+    </message>
+    <message>
+        <source>Video player mode</source>
+        <translation>Tryb odtwarzania wideo</translation>
+    </message>
+    <message>
+        <source>Connect the samples by lines</source>
+        <translation>Połącz próbki liniami</translation>
+    </message>
+    <message>
+        <source>Show the grid of times</source>
+        <translation>Pokaż siatkę czasu</translation>
+    </message>
+    <message>
+        <source>Show the grid of values</source>
+        <translation>Pokaż siatkę wartości</translation>
+    </message>
+    <message>
+        <source>Width of the curves in pixels</source>
+        <translation>Grubość krzywych w pikselach</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Favorite views: signals that are shown together</source>
+        <translation>Ulubione widoki: sygnały pokazywane razem</translation>
+    </message>
+    <message>
+        <source>Favorite views</source>
+        <translation>Ulubione widoki</translation>
+    </message>
+    <message>
+        <source>Custom view</source>
+        <translation>Widok własny</translation>
+    </message>
+    <message>
+        <source>Keep the shown signals as a favorite view</source>
+        <translation>Zachowaj pokazywane sygnały jako ulubiony widok</translation>
+    </message>
+    <message>
+        <source>Add a favorite view</source>
+        <translation>Dodaj ulubiony widok</translation>
+    </message>
+    <message>
+        <source>Remove the chosen favorite view</source>
+        <translation>Usuń wybrany ulubiony widok</translation>
+    </message>
+    <message>
+        <source>Remove the favorite view</source>
+        <translation>Usuń ulubiony widok</translation>
+    </message>
+    <message>
+        <source>Show half of the time</source>
+        <translation>Pokaż połowę czasu</translation>
+    </message>
+    <message>
+        <source>Show twice the time</source>
+        <translation>Pokaż dwa razy więcej czasu</translation>
+    </message>
+    <message>
+        <source>Open a recording (Ctrl+O), or drop one here.</source>
+        <translation>Otwórz zapis (Ctrl+O) lub upuść go tutaj.</translation>
+    </message>
+    <message>
+        <source>Signals</source>
+        <translation>Sygnały</translation>
+    </message>
+    <message>
+        <source>Selection range 0 s</source>
+        <translation>Zakres 0 s</translation>
     </message>
 </context>
 <context>
@@ -1032,6 +1579,10 @@ Zapisany plik pozostał bez zmian.</translation>
         <source>Binocular</source>
         <translation>Obuoczna</translation>
     </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Nieznany</translation>
+    </message>
 </context>
 <context>
     <name>SaccadeCenterBase</name>
@@ -1174,8 +1725,8 @@ Oba pliki można też tutaj upuścić.</translation>
         <translation>Prędk. pocz. [deg/s]</translation>
     </message>
     <message>
-        <source>Acceleration [deg/s2]</source>
-        <translation>Przyspieszenie [deg/s2]</translation>
+        <source>Acceleration [deg/s²]</source>
+        <translation>Przyspieszenie [deg/s²]</translation>
     </message>
     <message>
         <source>Duration [smp]</source>
@@ -2101,6 +2652,10 @@ Oba pliki można też tutaj upuścić.</translation>
     <message>
         <source>this is the recording itself</source>
         <translation>to jest sam zapis</translation>
+    </message>
+    <message>
+        <source>there is a recording of this name, which is not replaced</source>
+        <translation>pod tą nazwą jest zapis, który nie zostanie zastąpiony</translation>
     </message>
 </context>
 <context>

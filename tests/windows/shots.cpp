@@ -11,9 +11,12 @@
 #include "kiroreader.h"
 #include "language.h"
 #include "mainwindowimpl.h"
+#include "multiplot.h"
 #include "pensetupdialog.h"
 #include "plotshots.h"
+#include "positionselector.h"
 #include "questiondialog.h"
+#include "reviewframeimpl.h"
 #include "saccadecenterimpl.h"
 #include "saccadecenteroptions.h"
 #include "saccdetectparams.h"
@@ -27,6 +30,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -248,6 +252,58 @@ void showSaccades(const QString& recording, const QString& oneEye)
     closeUnsaved(*one);
 }
 
+void moveMouse(MultiPlot& strips, const QPoint& place, Qt::MouseButtons buttons = Qt::NoButton)
+{
+    QMouseEvent move(QEvent::MouseMove, place, Qt::NoButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(&strips, &move);
+}
+
+/// Drags over the strips without letting the button go.
+void dragOver(MultiPlot& strips, const QPoint& start, const QPoint& end)
+{
+    QMouseEvent press(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&strips, &press);
+    moveMouse(strips, end, Qt::LeftButton);
+}
+
+void showSignals(const QString& recording)
+{
+    ReviewFrame window;
+    window.show();
+    keep(window, QStringLiteral("review-empty"));
+    window.loadFile(recording);
+    keep(window, QStringLiteral("review-all"));
+
+    auto& strips = *window.findChild<MultiPlot*>();
+    auto& selector = *window.findChild<PositionSelector*>();
+    auto& list = *window.findChild<QListWidget*>(QStringLiteral("listSignals"));
+    for (int i = 4; i < list.count(); ++i)
+        list.item(i)->setSelected(false);
+    for (int i = 0; i < 3; ++i)
+        selector.zoomIn();
+    selector.stepLeft(25.0);
+    KiroLabel label;
+    label.setupPoint(0, 12500, 0.0, QStringLiteral("fixation"), QString(), QColor(0xb5, 0x3a, 0x16));
+    strips.addLabel(label);
+    label.setupTimePeriod(10500, 11500, QStringLiteral("stimulus"), QString(), QColor(0x1e, 0x7b, 0x34));
+    strips.addLabel(label);
+    moveMouse(strips, strips.rect().center());
+    keep(window, QStringLiteral("review-some"));
+    const QPoint centre = strips.rect().center();
+    for (const char* button : {"buttonModeMeasure", "buttonModeZoom", "buttonModePoint", "buttonModeTimeLine",
+                               "buttonModeSignalPeriod", "buttonModeTimePeriod"}) {
+        window.findChild<QToolButton*>(QLatin1String(button))->click();
+        moveMouse(strips, centre);
+        if (strips.userMode != UserModePoint && strips.userMode != UserModeLine)
+            dragOver(strips, centre, centre + QPoint(120, 0));
+        keep(window, QStringLiteral("review-") + QString::fromLatin1(button).mid(10).toLower());
+        QApplication::sendEvent(
+            &strips, std::make_unique<QKeyEvent>(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier).get());
+    }
+    window.resize(window.minimumSizeHint());
+    keep(window, QStringLiteral("review-smallest"));
+}
+
 /// A recording with the right horizontal eye signal of another one alone.
 QString oneSignalOf(const QString& recording, const QString& path)
 {
@@ -399,6 +455,7 @@ int main(int argc, char** argv)
         return 1;
     const QTemporaryDir settings;
     appConfig().setConfigFile(settings.filePath(QStringLiteral("settings.ini")));
+    appConfig().setSignalsFile(settings.filePath(QStringLiteral("signals.ini")));
     const bool polish = arguments[2] == Language::polish();
     QLocale::setDefault(polish ? QLocale(QLocale::Polish, QLocale::Poland) : QLocale(QLocale::English));
     const Translators translators(arguments[2]);
@@ -409,6 +466,7 @@ int main(int argc, char** argv)
     showSaccadeOptions();
     const QString oneEye = oneSignalOf(arguments[3], settings.filePath(QStringLiteral("one.kiro")));
     showSaccades(arguments[3], oneEye);
+    showSignals(arguments[3]);
     showSignalSelection();
     showSmallDialogs();
     showLabelDialogs();
@@ -417,6 +475,7 @@ int main(int argc, char** argv)
     showDetectionParameters();
     showSaccadeOptions();
     showSaccades(arguments[3], oneEye);
+    showSignals(arguments[3]);
     showSignalSelection();
     showSmallDialogs();
     showLabelDialogs();

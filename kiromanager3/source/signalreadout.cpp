@@ -1,0 +1,37 @@
+#include "signalreadout.h"
+
+#include "plot.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+QString readoutValue(const Plot& plot, double drawnValue)
+{
+    return QString::number(drawnValue, 'f', plot.precision + 1);
+}
+
+QString readoutAt(const Plot& plot, double seconds)
+{
+    const int index = plot.sampleAt(seconds);
+    if (index < 0)
+        return QString();
+    const double value = plot.drawnValue(plot.samples().value(index));
+    if (!std::isfinite(value))
+        return QString();
+    const QString unit = plot.drawnUnit();
+    return unit.isEmpty() ? readoutValue(plot, value) : readoutValue(plot, value) + QLatin1Char(' ') + unit;
+}
+
+QString statusText(const Plot& plot, const QString& name, double seconds, double drawnValue,
+                   int timePrecision)
+{
+    const QString time = QString::number(seconds, 'f', timePrecision + 1);
+    const QString value = readoutValue(plot, drawnValue);
+    if (!plot.useCalib) {
+        return QCoreApplication::translate("ReviewFrame", "Signal: %1, time: %2 s, value: %3")
+            .arg(name, time, value);
+    }
+    return QCoreApplication::translate("ReviewFrame", "Signal: %1, time: %2 s, value: %3 %4")
+        .arg(name, time, value, plot.calibUnit());
+}
