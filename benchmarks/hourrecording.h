@@ -16,3 +16,5 @@ constexpr int SamplesOfSignal = Frames * SamplesPerFrame;
 
 /// Its path; it is made on first use and removed at the end.
 const KiroString& hourRecording();
+/// The same of eight hours.
+const KiroString& eightHourRecording();

@@ -1,13 +1,22 @@
-// Opening of the recording of an hour in a signals browser, up to the first drawing.
+// Recordings in a signals browser: opening one of an hour, up to the first drawing, and moving over eight.
 
 #include "goals.h"
 #include "hourrecording.h"
 #include "repetitions.h"
 
+#include "appconfig.h"
 #include "jobprogress.h"
 #include "loadedrecording.h"
+#include "multiplot.h"
+#include "positionselector.h"
+#include "reviewframeimpl.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+
+#include <memory>
 
 namespace
 {
@@ -26,6 +35,70 @@ void LoadRecordingToReview(benchmark::State& state)
     }
 }
 
+/// A signals browser of 1600 by 900 with settings of its own.
+std::unique_ptr<ReviewFrame> shownBrowser()
+{
+    static const QTemporaryDir folder;
+    appConfig().setConfigFile(folder.filePath(QStringLiteral("settings.ini")));
+    appConfig().setSignalsFile(folder.filePath(QStringLiteral("signals.ini")));
+    auto window = std::make_unique<ReviewFrame>();
+    window->resize(1600, 900);
+    window->show();
+    QApplication::processEvents();
+    return window;
+}
+
+/// What the user waits for in an open window, up to the first drawing.
+void OpenRecordingInBrowser(benchmark::State& state)
+{
+    const QString path = hourRecording().toQString();
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::unique_ptr<ReviewFrame> window = shownBrowser();
+        state.ResumeTiming();
+        window->loadFile(path);
+        QApplication::processEvents();
+        state.PauseTiming();
+        if (window->recording().plots.size() != HourRecording::Signals ||
+            window->findChild<MultiPlot*>()->plotCount != HourRecording::Signals)
+            stop("cannot show the recording");
+        window.reset();
+        state.ResumeTiming();
+    }
+}
+
+/// A step of the selector over eight hours and to and fro, as the wheel does it.
+void StepOverEightHours(benchmark::State& state)
+{
+    static const std::unique_ptr<ReviewFrame> window = [] {
+        std::unique_ptr<ReviewFrame> made = shownBrowser();
+        made->loadFile(eightHourRecording().toQString());
+        auto& selector = *made->findChild<PositionSelector*>();
+        // Nearly all of the recording, so that there is room for steps.
+        selector.setSelectorRange(selector.totalTo() * 0.9);
+        return made;
+    }();
+    auto& selector = *window->findChild<PositionSelector*>();
+    double direction = 0.5;
+    for (auto _ : state) {
+        direction = -direction;
+        const double before = selector.selectorPosition();
+        direction < 0.0 ? selector.stepLeft(-direction) : selector.stepRight(direction);
+        QApplication::processEvents();
+        if (selector.selectorPosition() == before)
+            stop("the selector does not move");
+    }
+}
+
+void SixteenMillisecondsOfReview(benchmark::State& state)
+{
+    for (auto _ : state)
+        state.SetIterationTime(0.016);
+}
+
+BENCHMARK(OpenRecordingInBrowser)->Apply(repeatedOnce<7>);
+BENCHMARK(StepOverEightHours)->Apply(repeatedOnce<15>);
+BENCHMARK(SixteenMillisecondsOfReview)->Apply(repeatedOnce<2>)->UseManualTime();
 BENCHMARK(LoadRecordingToReview)->Apply(repeated<7>);
 
 const bool Goals[] = {
@@ -34,6 +107,12 @@ const bool Goals[] = {
                   Goal::Kind::AtMost, 2.5}),
     registerGoal(
         {"review-load-to-read-into-one-block", "LoadRecordingToReview", "ReadBytes", Goal::Kind::Shown, 0.0}),
+    registerGoal({"review-open-to-read", "OpenRecordingInBrowser", "ReadBytesIntoFreshMemory",
+                  Goal::Kind::AtMost, 4.0}),
+    registerGoal({"review-open-to-read-into-one-block", "OpenRecordingInBrowser", "ReadBytes",
+                  Goal::Kind::Shown, 0.0}),
+    registerGoal({"review-step-over-8-hours-to-16-ms", "StepOverEightHours", "SixteenMillisecondsOfReview",
+                  Goal::Kind::AtMost, 1.0}),
     registerGoal({"review-load-to-bulk-load", "LoadRecordingToReview", "LoadAllSignalsIntoFreshMemory",
                   Goal::Kind::Shown, 0.0}),
 };

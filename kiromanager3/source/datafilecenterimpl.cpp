@@ -27,7 +27,6 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
-#include <QMimeData>
 #include <QRegularExpression>
 #include <QShortcut>
 
@@ -79,7 +78,7 @@ DataFileCenter::DataFileCenter(QWidget* parent)
     setUpIcons();
     setUpTables();
     setUpShortcuts();
-    muteHint();
+    muteText(*m_ui->labelHint);
     loadSettings();
     enableControls();
 }
@@ -124,18 +123,11 @@ void DataFileCenter::setUpShortcuts()
     addClosingShortcuts(this);
 }
 
-void DataFileCenter::muteHint()
-{
-    QPalette muted;
-    muted.setColor(QPalette::WindowText, mutedTextColour(palette()));
-    m_ui->labelHint->setPalette(muted);
-}
-
 void DataFileCenter::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        muteHint();
+        muteText(*m_ui->labelHint);
 }
 
 void DataFileCenter::loadSettings()
@@ -170,18 +162,12 @@ void DataFileCenter::customEvent(QEvent* event)
 
 void DataFileCenter::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!draggedFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    acceptFile(*event);
 }
 
 void DataFileCenter::dropEvent(QDropEvent* event)
 {
-    const QString path = draggedFile(event->mimeData());
-    if (path.isEmpty())
-        return;
-    event->acceptProposedAction();
-    // The program that the file comes from waits for the end of this event: boxes come after it.
-    QCoreApplication::postEvent(this, new OpenFileEvent(path));
+    openDropped(*this, *event);
 }
 
 void DataFileCenter::take(const QString& path)

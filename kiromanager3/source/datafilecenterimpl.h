@@ -57,7 +57,6 @@ private:
     void setUpIcons();
     void setUpTables();
     void setUpShortcuts();
-    void muteHint();
     void loadSettings();
     /// A recording is shown, a BDF or EDF file imported.
     void take(const QString& path);

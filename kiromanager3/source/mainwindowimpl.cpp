@@ -80,7 +80,7 @@ MainWindow::MainWindow(QWidget* parent)
     setWindowTitle(QStringLiteral("KiroManager ") + appConfig().version());
     setAcceptDrops(true);
     enlargeFont(m_ui->labelHeadline, 1.6);
-    muteExplanation();
+    muteText(*m_ui->labelExplanation);
     setUpButtons();
     setUpSetupMenu();
     setUpShortcuts();
@@ -132,14 +132,7 @@ void MainWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        muteExplanation();
-}
-
-void MainWindow::muteExplanation()
-{
-    QPalette muted;
-    muted.setColor(QPalette::WindowText, mutedTextColour(palette()));
-    m_ui->labelExplanation->setPalette(muted);
+        muteText(*m_ui->labelExplanation);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

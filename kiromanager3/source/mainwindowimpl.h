@@ -58,7 +58,6 @@ private:
     void setUpButtons();
     void setUpSetupMenu();
     void setUpShortcuts();
-    void muteExplanation();
     void dropChecks();
     void showOffer(const UpdateOffer& offer);
     void showNewerVersion(const QString& version);

@@ -1,13 +1,13 @@
 #include "reviewframeimpl.h"
 
 #include "appconfig.h"
-#include "filechoice.h"
 #include "inistore.h"
 #include "messages.h"
 #include "modulewindow.h"
 #include "multiplot.h"
 #include "openevents.h"
 #include "palettecolours.h"
+#include "plaintooltip.h"
 #include "positionselector.h"
 #include "samplewindow.h"
 #include "schemecolours.h"
@@ -23,25 +23,15 @@
 #include <QDragEnterEvent>
 #include <QInputDialog>
 #include <QMenu>
-#include <QMimeData>
 #include <QShortcut>
-#include <QTimer>
 
 #include <algorithm>
 
 namespace
 {
 
-/// Milliseconds after which what had to wait for a dialog is tried again.
-constexpr int BlockedMs = 100;
 constexpr double LeastWindow = 0.1; ///< seconds
 constexpr int TimeDecimals = 3;     ///< of the questions for times
-
-/// A tooltip with the keys that do the same.
-QString withKey(const QString& toolTip, const QKeySequence& keys)
-{
-    return QStringLiteral("%1 (%2)").arg(toolTip, keys.toString(QKeySequence::NativeText));
-}
 
 /// Whether the selector has the colours of a new program.
 bool hasDefaultColours(const ReviewSetup& setup)
@@ -73,7 +63,7 @@ ReviewFrame::ReviewFrame(QWidget* parent)
     addClosingShortcuts(this);
     resize(1301, 761);
     loadSettings();
-    muteHint();
+    muteText(*m_ui->labelHint);
     applyLook();
     fillRecentFiles();
     enableControls();
@@ -223,18 +213,11 @@ void ReviewFrame::setUpStrips()
             [this](int position) { m_settings.listWidth = position; });
 }
 
-void ReviewFrame::muteHint()
-{
-    QPalette muted;
-    muted.setColor(QPalette::WindowText, mutedTextColour(palette()));
-    m_ui->labelHint->setPalette(muted);
-}
-
 void ReviewFrame::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        muteHint();
+        muteText(*m_ui->labelHint);
         applyLook();
     }
 }
@@ -267,20 +250,13 @@ void ReviewFrame::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-/// Whether a dialog keeps this window from the user, whose answer is about what the window shows now.
-bool ReviewFrame::isBlocked() const
-{
-    return QApplication::activeModalWidget() != nullptr;
-}
-
 void ReviewFrame::customEvent(QEvent* event)
 {
     if (event->type() != OpenFileEvent::Number)
         return;
     const QString path = static_cast<OpenFileEvent*>(event)->path();
-    if (isBlocked()) {
-        QTimer::singleShot(BlockedMs, this,
-                           [this, path] { QCoreApplication::postEvent(this, new OpenFileEvent(path)); });
+    if (isBlocked(*this)) {
+        openLater(*this, path);
         return;
     }
     openAfterQuestions(path);
@@ -288,18 +264,12 @@ void ReviewFrame::customEvent(QEvent* event)
 
 void ReviewFrame::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!draggedFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    acceptFile(*event);
 }
 
 void ReviewFrame::dropEvent(QDropEvent* event)
 {
-    const QString path = draggedFile(event->mimeData());
-    if (path.isEmpty())
-        return;
-    event->acceptProposedAction();
-    // The program that the file comes from waits for the end of this event: questions come after it.
-    QCoreApplication::postEvent(this, new OpenFileEvent(path));
+    openDropped(*this, *event);
 }
 
 /// Keys that the strips leave alone page and zoom as they do in the selector.

@@ -110,10 +110,8 @@ private:
     void setUpContextMenu();
     void loadSettings();
     void saveSettings();
-    void muteHint();
 
     bool isOpen() const { return !m_recording.currentFile.isEmpty(); }
-    bool isBlocked() const;
     /// Whether what was changed and not stored may be left: it was stored, or is not wanted.
     bool settleUnsaved();
     void openAfterQuestions(const QString& path);

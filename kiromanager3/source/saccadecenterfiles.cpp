@@ -314,7 +314,7 @@ void SaccadeCenter::on_actionFileSaveAs_triggered()
 /// Offers the edits that a crash left: to a window that shows nothing all of them, else those of its files.
 void SaccadeCenter::offerLeftEdits()
 {
-    if (isBlocked()) {
+    if (isBlocked(*this)) {
         QTimer::singleShot(BlockedMs, this, &SaccadeCenter::offerLeftEdits);
         return;
     }

@@ -4,11 +4,11 @@
 #include "blinksdetectparams.h"
 #include "curveplot.h"
 #include "elidedlabel.h"
-#include "filechoice.h"
 #include "inistore.h"
 #include "modulewindow.h"
 #include "openevents.h"
 #include "palettecolours.h"
+#include "plaintooltip.h"
 #include "rounding.h"
 #include "saccadecenteroptions.h"
 #include "saccadetimes.h"
@@ -25,7 +25,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
-#include <QMimeData>
 #include <QShortcut>
 #include <QTimer>
 
@@ -50,12 +49,6 @@ QLocale numberFormat()
 QString withUnit(const QString& caption, const QString& unit)
 {
     return caption + QStringLiteral(" [%1]").arg(unit);
-}
-
-/// A tooltip with the keys that do the same.
-QString withKey(const QString& toolTip, const QKeySequence& keys)
-{
-    return QStringLiteral("%1 (%2)").arg(toolTip, keys.toString(QKeySequence::NativeText));
 }
 
 QString detectionTypeText(int type)
@@ -119,7 +112,7 @@ SaccadeCenter::SaccadeCenter(QWidget* parent)
     setUpSidePanel();
     setUpTabOrder();
     loadSettings();
-    muteHint();
+    muteText(*m_ui->labelHint);
     connect(&m_document, &SaccadeDocument::changed, this, &SaccadeCenter::onDocumentChanged);
     connect(&m_document, &SaccadeDocument::stateChanged, this, [this] {
         enableActions();
@@ -297,18 +290,11 @@ void SaccadeCenter::setUpTabOrder()
     chain(plots.mid(1));
 }
 
-void SaccadeCenter::muteHint()
-{
-    QPalette muted;
-    muted.setColor(QPalette::WindowText, mutedTextColour(palette()));
-    m_ui->labelHint->setPalette(muted);
-}
-
 void SaccadeCenter::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        muteHint();
+        muteText(*m_ui->labelHint);
 }
 
 /// A button that has the focus gets its keys ahead of the actions that have them as shortcuts.
@@ -370,25 +356,13 @@ void SaccadeCenter::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-/// Whether a dialog keeps this window from the user, whose answer is about what the window shows now.
-bool SaccadeCenter::isBlocked() const
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.begin(), windows.end(), [this](const QWidget* window) {
-        const bool ours = window->parentWidget() && window->parentWidget()->window() == this;
-        return window->isVisible() && (window->windowModality() == Qt::ApplicationModal ||
-                                       (window->windowModality() == Qt::WindowModal && ours));
-    });
-}
-
 void SaccadeCenter::customEvent(QEvent* event)
 {
     if (event->type() != OpenFileEvent::Number)
         return;
     const QString path = static_cast<OpenFileEvent*>(event)->path();
-    if (isBlocked()) {
-        QTimer::singleShot(BlockedMs, this,
-                           [this, path] { QCoreApplication::postEvent(this, new OpenFileEvent(path)); });
+    if (isBlocked(*this)) {
+        openLater(*this, path);
         return;
     }
     const bool recording = path.endsWith(QLatin1String(".kiro"), Qt::CaseInsensitive);
@@ -402,18 +376,12 @@ void SaccadeCenter::customEvent(QEvent* event)
 
 void SaccadeCenter::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!draggedFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    acceptFile(*event);
 }
 
 void SaccadeCenter::dropEvent(QDropEvent* event)
 {
-    const QString path = draggedFile(event->mimeData());
-    if (path.isEmpty())
-        return;
-    event->acceptProposedAction();
-    // The program that the file comes from waits for the end of this event: questions come after it.
-    QCoreApplication::postEvent(this, new OpenFileEvent(path));
+    openDropped(*this, *event);
 }
 
 void SaccadeCenter::on_actionFileClose_triggered()

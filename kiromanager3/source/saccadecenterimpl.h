@@ -105,18 +105,13 @@ private:
         std::array<ScaleRange, EyeCharts::Count> pressVert; ///< of all slots
     };
 
-    /// Milliseconds after which what had to wait for a dialog is tried again.
-    static constexpr int BlockedMs = 100;
-
     void setUpCharts();
     void setUpActions();
     void setUpSidePanel();
     void setUpTabOrder();
-    void muteHint();
     void loadSettings();
     void saveSettings();
 
-    bool isBlocked() const;
     bool settleUnsaved(Before before);
     void detect(bool blinksHorizontal);
     bool openRecording(KiroReader& reader, const QString& path, const QString& unreadable,

@@ -1,5 +1,7 @@
 #include "signalviewstate.h"
 
+#include "kiroheader.h"
+
 #include <QFileInfo>
 
 #include <cmath>
@@ -130,7 +132,8 @@ bool SignalViewStore::save(const QString& dataFile, const SignalViewState& state
     openAtFirstUse();
     const QString section = sectionOf(dataFile);
     writeState(m_store, section, state);
-    if (m_path.isEmpty())
+    // Nobody means a recording to become a list of settings.
+    if (m_path.isEmpty() || KiroHeader().load(m_path))
         return false;
     IniStore present;
     const QFileInfo file(m_path);

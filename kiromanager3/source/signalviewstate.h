@@ -57,9 +57,9 @@ public:
     /// are shown, and the video. So does what cannot be: a scale type that there is not, limits of which one
     /// or the distance is no finite number. A useful range that is not above 0 is none.
     bool load(const QString& dataFile, SignalViewState& state);
-    /// Replaces the section. False, with the file left alone, if it is there and cannot be read, or cannot be
-    /// replaced, if it has no name, or if `dataFile` has a line feed in its name; load() gives `state` back
-    /// all the same, but for such a name.
+    /// Replaces the section. False, with the file left alone, if it is there and cannot be read, is a
+    /// recording, or cannot be replaced, if it has no name, or if `dataFile` has a line feed in its name;
+    /// load() gives `state` back all the same, but for such a name.
     bool save(const QString& dataFile, const SignalViewState& state);
 
 private:

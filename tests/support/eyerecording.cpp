@@ -13,6 +13,8 @@ namespace
 {
 
 constexpr int JumpSamples = 40;
+/// Sample of the jump in files that are written.
+constexpr int JumpStart = 1000;
 constexpr int SamplesPerFrame = 4;
 
 /// Part of a jump that is done: the path of least jerk.
@@ -62,19 +64,23 @@ std::string eyeRecording(const std::vector<EyeRecordingSignal>& signalTable)
     return recordingBytes(makeHeader(descriptors, std::uint32_t(frames)), data);
 }
 
+QString writeRecording(const TestFolder& folder, const QString& fileName)
+{
+    constexpr int SampleCount = 4000;
+    folder.write(fileName, eyeRecording({{"eye position", jumpingEye(SampleCount, {JumpStart}, 10.0)}}));
+    return folder.path(fileName);
+}
+
 QString writeSaccadeFile(const TestFolder& folder, const QString& name)
 {
-    constexpr int Start = 1000;
-    constexpr int SampleCount = 4000;
-    const std::string recording = eyeRecording({{"eye position", jumpingEye(SampleCount, {Start}, 10.0)}});
     KiroSaccHeader header;
-    header.setDataFiles(folder.write(name + QStringLiteral(".kiro"), recording), KiroString());
+    header.setDataFiles(KiroString(writeRecording(folder, name + QStringLiteral(".kiro"))), KiroString());
     header.setSignal(KiroSaccHeader::RightHorizontal, 0, 100.0, 20.0);
     header.ratePeriod = 1000;
     header.samplesPerPeriod = 1000;
     KiroSaccade saccade;
-    saccade.main.start = Start;
-    saccade.main.end = Start + JumpSamples - 1;
+    saccade.main.start = JumpStart;
+    saccade.main.end = JumpStart + JumpSamples - 1;
     saccade.main.duration = JumpSamples;
     header.saccades.push_back(saccade);
     const QString path = folder.path(name + QStringLiteral(".sacc"));

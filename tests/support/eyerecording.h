@@ -25,6 +25,9 @@ struct EyeRecordingSignal
 /// The bytes of a recording with these signals in 16 bits each, four samples a frame.
 std::string eyeRecording(const std::vector<EyeRecordingSignal>& signalTable);
 
+/// Writes a recording of one jump in one signal, and returns its path.
+QString writeRecording(const TestFolder& folder, const QString& fileName);
+
 /// Writes a saccade file of one saccade, and beside it the recording that it came from: NAME.sacc and
 /// NAME.kiro. Returns the path of the saccade file.
 QString writeSaccadeFile(const TestFolder& folder, const QString& name);

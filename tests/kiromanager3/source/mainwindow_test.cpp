@@ -282,9 +282,10 @@ TEST_F(MainWindowTest, CtrlQClosesAllWindowsAndEachKeepsItsSettings)
 
 TEST_F(MainWindowTest, RecordingEventOpensASignalsBrowserWithTheFile)
 {
-    QCoreApplication::postEvent(m_window.get(), new OpenKiroFileEvent(QStringLiteral("/data/żółw.kiro")));
+    const QString path = writeRecording(m_folder, QStringLiteral("żółw.kiro"));
+    QCoreApplication::postEvent(m_window.get(), new OpenKiroFileEvent(path));
     handleEvents();
-    EXPECT_EQ(moduleTitles(), "Signals browser - /data/żółw.kiro");
+    EXPECT_EQ(moduleTitles(), "Signals browser - " + path.toStdString());
 }
 
 TEST_F(MainWindowTest, SaccadeFileEventOpensASaccadesBrowserWithTheFile)
@@ -297,11 +298,14 @@ TEST_F(MainWindowTest, SaccadeFileEventOpensASaccadesBrowserWithTheFile)
 
 TEST_F(MainWindowTest, SeveralEventsOpenSeveralWindows)
 {
-    for (const char* path : {"/b.kiro", "/a.kiro", "/a.kiro"})
-        QCoreApplication::postEvent(m_window.get(), new OpenKiroFileEvent(QString::fromLatin1(path)));
+    const QString a = writeRecording(m_folder, QStringLiteral("a.kiro"));
+    const QString b = writeRecording(m_folder, QStringLiteral("b.kiro"));
+    for (const QString& path : {b, a, a})
+        QCoreApplication::postEvent(m_window.get(), new OpenKiroFileEvent(path));
     handleEvents();
+    const std::string title = "Signals browser - ";
     EXPECT_EQ(moduleTitles(),
-              "Signals browser - /a.kiro; Signals browser - /a.kiro; Signals browser - /b.kiro");
+              title + a.toStdString() + "; " + title + a.toStdString() + "; " + title + b.toStdString());
 }
 
 TEST_F(MainWindowTest, OtherEventsOpenNothing)

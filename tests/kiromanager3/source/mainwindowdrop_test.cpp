@@ -45,7 +45,7 @@ private:
 
 TEST_F(MainWindowDropTest, RecordingOpensInASignalsBrowser)
 {
-    const QString path = makeFile("r.kiro");
+    const QString path = writeRecording(m_folder, QStringLiteral("r.kiro"));
     drop({path});
     EXPECT_EQ(moduleTitles(), "Signals browser - " + path.toStdString());
 }
@@ -59,7 +59,7 @@ TEST_F(MainWindowDropTest, SaccadeFileOpensInASaccadesBrowser)
 
 TEST_F(MainWindowDropTest, OfSeveralFilesAllThatCanBeOpenedAre)
 {
-    const QString recording = makeFile("r.kiro");
+    const QString recording = writeRecording(m_folder, QStringLiteral("r.kiro"));
     const QString saccades = writeSaccadeFile(m_folder, QStringLiteral("s"));
     drop({makeFile("notes.txt"), saccades, recording});
     EXPECT_EQ(moduleTitles(), "Saccades browser - " + saccades.toStdString() + "; Signals browser - " +

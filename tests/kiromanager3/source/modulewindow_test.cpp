@@ -39,6 +39,18 @@ protected:
     }
     void writeSettings(const std::string& text) const { m_folder.write(QStringLiteral("k.ini"), text); }
     std::string settings() const { return fileBytes(appConfig().configFile().toLocal8Bit().constData()); }
+    /// The first keys of a section.
+    std::string keptGeometry(const std::string& section) const
+    {
+        const std::string head = "[" + section + "]\n";
+        const std::string kept = settings();
+        const std::size_t start = kept.find(head);
+        EXPECT_NE(start, std::string::npos) << kept;
+        std::size_t end = start + head.size();
+        for (int line = 0; line < 3; ++line)
+            end = kept.find('\n', end) + 1;
+        return kept.substr(start + head.size(), end - start - head.size());
+    }
 
     TestFolder m_folder;
     MessageRecorder m_messages;
@@ -63,10 +75,10 @@ TEST_F(ModuleWindowTest, FirstOneIsShownInItsOwnSizeAndCentred)
 
 TEST_F(ModuleWindowTest, StandsWhereTheSectionSays)
 {
-    writeSettings("[SIGNALS_REVIEW]\nwin_pos=12,34\nwin_size=456,321\n");
+    writeSettings("[SIGNALS_REVIEW]\nwin_pos=12,34\nwin_size=1456,821\n");
     const QWidget* const window = open();
     EXPECT_EQ(window->pos(), QPoint(12, 34));
-    EXPECT_EQ(window->size(), QSize(456, 321));
+    EXPECT_EQ(window->size(), QSize(1456, 821));
 }
 
 TEST_F(ModuleWindowTest, IsMaximizedIfTheSectionSaysSo)
@@ -88,10 +100,11 @@ TEST_F(ModuleWindowTest, ClosingReplacesItsSectionAndDestroysIt)
     const QPointer<QWidget> window = open();
     window->showNormal();
     window->move(12, 34);
-    window->resize(456, 321);
+    window->resize(1456, 821);
     EXPECT_TRUE(window->close());
-    EXPECT_EQ(settings(), "[GENERAL]\nlanguage=English\n\n[SIGNALS_REVIEW]\nwin_max=0\nwin_pos=12,34\n"
-                          "win_size=456,321\n\n");
+    EXPECT_EQ(settings().substr(0, 28), "[GENERAL]\nlanguage=English\n\n");
+    EXPECT_EQ(keptGeometry("SIGNALS_REVIEW"), "win_max=0\nwin_pos=12,34\nwin_size=1456,821\n");
+    EXPECT_EQ(settings().find("old_key"), std::string::npos);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.isNull());
 }
@@ -101,13 +114,14 @@ TEST_F(ModuleWindowTest, OfTwoSideBySideTheLastClosedWins)
     QWidget* const first = open();
     QWidget* const second = open();
     first->move(10, 20);
-    first->resize(300, 200);
+    first->resize(1400, 800);
     second->move(30, 40);
-    second->resize(310, 210);
+    second->resize(1410, 810);
     second->close();
+    EXPECT_EQ(keptGeometry("SIGNALS_REVIEW"), "win_max=0\nwin_pos=30,40\nwin_size=1410,810\n");
     EXPECT_TRUE(first->isVisible());
     first->close();
-    EXPECT_EQ(settings(), "[SIGNALS_REVIEW]\nwin_max=0\nwin_pos=10,20\nwin_size=300,200\n\n");
+    EXPECT_EQ(keptGeometry("SIGNALS_REVIEW"), "win_max=0\nwin_pos=10,20\nwin_size=1400,800\n");
 }
 
 TEST_F(ModuleWindowTest, WindowsOfTwoModulesKeepEachOthersSections)
@@ -115,16 +129,13 @@ TEST_F(ModuleWindowTest, WindowsOfTwoModulesKeepEachOthersSections)
     QWidget* const review = open();
     QWidget* const saccades = open<SaccadeCenter>(SaccadeCenter::section());
     review->move(10, 20);
-    review->resize(300, 200);
+    review->resize(1400, 800);
     saccades->move(30, 40);
     saccades->resize(1310, 910);
     review->close();
     saccades->close();
-    const std::string kept = settings();
-    EXPECT_EQ(kept.substr(0, 63), "[SACCADE_CENTER]\nwin_max=0\nwin_pos=30,40\nwin_size=1310,910\ndir_");
-    const std::string other = "[SIGNALS_REVIEW]\nwin_max=0\nwin_pos=10,20\nwin_size=300,200\n\n";
-    ASSERT_GT(kept.size(), other.size());
-    EXPECT_EQ(kept.substr(kept.size() - other.size()), other);
+    EXPECT_EQ(keptGeometry("SACCADE_CENTER"), "win_max=0\nwin_pos=30,40\nwin_size=1310,910\n");
+    EXPECT_EQ(keptGeometry("SIGNALS_REVIEW"), "win_max=0\nwin_pos=10,20\nwin_size=1400,800\n");
 }
 
 TEST_F(ModuleWindowTest, TitleTellsTheFileOfAnOpenFileEventOnly)

@@ -1,5 +1,6 @@
 #include "signalviewstate.h"
 
+#include "eyerecording.h"
 #include "filesizelimit.h"
 #include "recordingbuilder.h"
 
@@ -453,6 +454,15 @@ TEST_F(SignalViewStoreTest, AFileThatCannotBeReadIsNotReplaced)
     // The window knows it all the same.
     EXPECT_TRUE(store.load(file, state));
     expectSame(state, otherState());
+}
+
+TEST_F(SignalViewStoreTest, ARecordingIsNotReplaced)
+{
+    const QString signalsFile = writeRecording(m_folder, QStringLiteral("signals.kiro"));
+    const std::string bytes = fileBytes(KiroString(signalsFile));
+    SignalViewStore store(signalsFile);
+    EXPECT_FALSE(store.save(recording("r.kiro"), otherState()));
+    EXPECT_TRUE(fileBytes(KiroString(signalsFile)) == bytes);
 }
 
 TEST_F(SignalViewStoreTest, AFailedSaveLeavesTheOldFile)
