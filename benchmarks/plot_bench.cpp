@@ -286,7 +286,7 @@ const bool Goals[] = {
         {"wide-redraw-of-a-second-to-thin", "RedrawWideSecond", "RedrawSecond", Goal::Kind::Shown, 0.0}),
     registerGoal({"redraw-of-an-hour-to-16-ms", "RedrawHour", "SixteenMilliseconds", Goal::Kind::Shown, 0.0}),
     registerGoal({"points-redraw-of-8-hours-to-10-seconds", "RedrawPointsEightHours",
-                  "RedrawPointsTenSeconds", Goal::Kind::Shown, 0.0}),
+                  "RedrawPointsTenSeconds", Goal::Kind::AtMost, 12.0}),
 };
 
 } // namespace

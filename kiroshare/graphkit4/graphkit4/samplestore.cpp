@@ -379,6 +379,54 @@ void prefetchWhole(const Object& object)
     prefetchBytes(bytes, bytes + sizeof(Object));
 }
 
+/// The numbers of the steps that values lie on, computed as `Real`. `StepsOfValues` is SampleStore's own
+/// Steps.
+template <class Real, bool AreMoved, class T, class StepsOfValues>
+void stepsAs(const T* values, std::size_t count, const StepsOfValues& steps, int* found)
+{
+    const auto origin = Real(steps.origin);
+    const auto perUnit = Real(steps.perUnit);
+    const auto least = Real(steps.least);
+    const auto greatest = Real(steps.greatest);
+    const auto none = Real(steps.none);
+    [[maybe_unused]] const auto movedDown = Real(steps.movedDown);
+    [[maybe_unused]] const auto top = Real(steps.top);
+    [[maybe_unused]] const auto bottom = Real(steps.bottom);
+    [[maybe_unused]] const auto movedUp = Real(steps.movedUp);
+    [[maybe_unused]] const Real aboveBottom = bottom - Real(0.5);
+    for (std::size_t i = 0; i < count; ++i) {
+        Real place = (Real(values[i]) - origin) * perUnit;
+        if constexpr (AreMoved) {
+            place = (place >= movedDown) & (place < top) ? top : place;
+            place = (place >= bottom) & (place < movedUp) ? aboveBottom : place;
+        }
+        const Real limited = place < greatest ? place : greatest;
+        const Real number = limited > least ? limited : least;
+        found[i] = int(isFinite(values[i]) ? number : none);
+    }
+}
+
+template <class T, class StepsOfValues>
+void stepsOf(const T* values, std::size_t count, const StepsOfValues& steps, int* found)
+{
+    if constexpr (sizeof(T) <= 2) {
+        // So that rounding moves no value by more than some 2000th of a step.
+        constexpr double MostSteps = 2048.0;
+        constexpr double Values = 65536.0;
+        if ((std::abs(steps.origin) + Values) * std::abs(steps.perUnit) < MostSteps) {
+            if (steps.areMoved)
+                stepsAs<float, true>(values, count, steps, found);
+            else
+                stepsAs<float, false>(values, count, steps, found);
+            return;
+        }
+    }
+    if (steps.areMoved)
+        stepsAs<double, true>(values, count, steps, found);
+    else
+        stepsAs<double, false>(values, count, steps, found);
+}
+
 using AnyPyramid =
     std::variant<Pyramid<std::int8_t>, Pyramid<std::uint8_t>, Pyramid<std::int16_t>, Pyramid<std::uint16_t>,
                  Pyramid<std::int32_t>, Pyramid<std::uint32_t>, Pyramid<std::int64_t>, Pyramid<std::uint64_t>,
@@ -482,4 +530,43 @@ void SampleStore::prefetch(int index) const
             place /= Factor;
         }
     });
+}
+
+void SampleStore::findSteps(int first, int count, const Steps& steps, int* found) const
+{
+    Q_ASSERT(first >= 0 && count >= 0 && count <= this->count() - first);
+    std::visit(
+        [&](const auto& vector) { stepsOf(vector.constData() + first, std::size_t(count), steps, found); },
+        m_shared->samples);
+}
+
+void SampleStore::findBlockSteps(int firstBlock, int count, const Steps& steps, int* ofLeast,
+                                 int* ofGreatest) const
+{
+    Q_ASSERT(firstBlock >= 0 && count >= 0 && count <= this->count() / BlockSize - firstBlock);
+    m_shared->visit([&](const auto&, const auto& pyramid) {
+        const auto& level = pyramid.levels.front();
+        auto block = std::size_t(firstBlock);
+        for (const std::size_t end = block + std::size_t(count); block < end;) {
+            const auto& group = level.group(block / Factor);
+            const std::size_t place = block % Factor;
+            const std::size_t number = std::min(Factor - place, end - block);
+            stepsOf(group.least.data() + place, number, steps, ofLeast);
+            stepsOf(group.greatest.data() + place, number, steps, ofGreatest);
+            ofLeast += number;
+            ofGreatest += number;
+            block += number;
+        }
+    });
+}
+
+void SampleStore::prefetchBlock(int block) const
+{
+    Q_ASSERT(block >= 0 && block < count() / BlockSize);
+    std::visit(
+        [block](const auto& vector) {
+            const auto* begin = vector.constData() + std::size_t(block) * Block;
+            prefetchBytes(reinterpret_cast<const char*>(begin), reinterpret_cast<const char*>(begin + Block));
+        },
+        m_shared->samples);
 }

@@ -41,6 +41,34 @@ public:
     void prefetch(int index) const;
 
 private:
+    friend class PointRows;
+
+    /// Equal steps of the raw values, for a look at many values at once.
+    struct Steps
+    {
+        double origin = 0.0;  ///< where number 0 begins
+        double perUnit = 1.0; ///< below 0 if numbers fall with the values
+        int least = 0;        ///< numbers below and above are taken as `least` and `greatest`; 0 or more
+        int greatest = 0;
+        int none = 0;          ///< in place of the number of what is not finite
+        bool areMoved = false; ///< whether the following count
+        /// Two parts are moved: what lies from `movedDown` on before `top` to there, and what lies from
+        /// `bottom` to before `movedUp` to just before `bottom`. Both may be empty.
+        double movedDown = 0.0;
+        double top = 0.0;
+        double bottom = 1e9;
+        double movedUp = 0.0;
+    };
+
     struct Shared;
+
+    /// The step of each of `count` samples from `first` on, which lie within the samples.
+    void findSteps(int first, int count, const Steps& steps, int* found) const;
+    /// The steps of the least and of the greatest of each of `count` blocks from `firstBlock` on, all of
+    /// whose samples lie within the samples.
+    void findBlockSteps(int firstBlock, int count, const Steps& steps, int* ofLeast, int* ofGreatest) const;
+    /// Has the processor fetch a block without waiting.
+    void prefetchBlock(int block) const;
+
     std::shared_ptr<const Shared> m_shared;
 };

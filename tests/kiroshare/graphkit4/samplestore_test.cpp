@@ -28,12 +28,32 @@ void* operator new(std::size_t size)
     return memory;
 }
 
+void* operator new(std::size_t size, std::align_val_t alignment)
+{
+    allocatedBytes += size;
+    const auto unit = std::size_t(alignment);
+    void* memory = std::aligned_alloc(unit, (size + unit - 1) / unit * unit);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::align_val_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept
 {
     std::free(memory);
 }
@@ -160,6 +180,25 @@ TYPED_TEST(SampleStoreTest, EachSampleIsFoundWhereverItStands)
         const SampleStore store{SampleArray(samples)};
         for (int first = std::max(place - 70, 0); first <= place; first += 23)
             this->expectAsPlain(samples, store, first, std::min(place + 71, Count) - first);
+    }
+}
+
+TYPED_TEST(SampleStoreTest, EachBlockIsFoundWhereverItStands)
+{
+    // More than three groups of blocks that make one of the next level, and a part of one.
+    constexpr int Block = SampleStore::BlockSize;
+    constexpr int Blocks = 3 * SampleStore::LevelFactor + 9;
+    for (int place = 0; place < Blocks; ++place) {
+        QVector<TypeParam> samples(Blocks * Block, TypeParam(50));
+        samples[place * Block + place % Block] = TypeParam(100);
+        const SampleStore store{SampleArray(samples)};
+        for (const int first : {0, place - place % 7, place}) {
+            for (const int end : {place + 1, std::min(place + 40, Blocks), Blocks})
+                this->expectAsPlain(samples, store, first * Block, (end - first) * Block);
+        }
+        // Just beside it on either side.
+        this->expectAsPlain(samples, store, 0, place * Block);
+        this->expectAsPlain(samples, store, (place + 1) * Block, (Blocks - place - 1) * Block);
     }
 }
 

@@ -410,6 +410,88 @@ TEST(StripCurve, TensOfThousandsOfSamplesAColumnLookLikeThePolyline)
     expectSameCurve(Int16, valuesOf(Shape::Walk, Count), setting, "wide walk");
 }
 
+TEST(StripCurve, PointsOfTensOfThousandsOfSamplesAColumnLookLikeAllPoints)
+{
+    Setting setting;
+    setting.size = QSize(36, 151);
+    setting.connected = false;
+    constexpr int Count = 300003;
+    for (const Shape shape : {Shape::Walk, Shape::Noise, Shape::Zigzag})
+        expectSameCurve(Int16, valuesOf(shape, Count), setting, ShapeNames[std::size_t(shape)]);
+    // So many blocks a column that not all of them are looked at.
+    setting.size = QSize(24, 151);
+    // Of values that are all alike frequent.
+    std::mt19937_64 generator(13);
+    std::uniform_real_distribution<double> uniform(-1.0, 1.0);
+    Values values(400003);
+    for (double& value : values)
+        value = uniform(generator);
+    expectSameCurve(Int16, values, setting, "many of even noise");
+    expectSameCurve(Double, values, setting, "many doubles of even noise");
+}
+
+/// Samples that rest at few heights for long and jump between them: no row between is lit, also not where
+/// most blocks of samples hold a jump.
+TEST(StripCurve, PointsOfJumpsLightNoRowBetween)
+{
+    for (const int rest : {3, 40, 400}) {
+        Values values(200000);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = 0.77 * double(int(i / std::size_t(rest)) % 3 - 1) + 0.011;
+        Setting setting;
+        setting.connected = false;
+        setting.size = QSize(30, 151);
+        const SampleStore samples(Int16.make(values, Int16.middle, Int16.half));
+        const StripView view = viewOf(Int16, samples.count(), setting);
+        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
+        const plain::Pixels reference = plainPicture(samples, view, setting);
+        EXPECT_EQ(farPixels(shipped, reference, 0), 0) << rest;
+        EXPECT_EQ(farPixels(reference, shipped, 0), 0) << rest;
+        EXPECT_GT(reference.litCount(), 0) << rest;
+    }
+}
+
+/// The one sample at the edge of the scale is found among all others of its column.
+TEST(StripCurve, PointsShowTheLeastAndGreatestOfEachColumn)
+{
+    Values values = valuesOf(Shape::Noise, 500000);
+    for (double& value : values)
+        value *= 0.5;
+    for (std::size_t i = 123; i < values.size(); i += 9999)
+        values[i] = i % 2 == 0 ? 0.95 : -0.95;
+    Setting setting;
+    setting.connected = false;
+    setting.size = QSize(30, 151);
+    for (const ElementType& type : {Int16, Double}) {
+        const SampleStore samples(type.make(values, type.middle, type.half));
+        const StripView view = viewOf(type, samples.count(), setting);
+        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
+        const plain::Pixels reference = plainPicture(samples, view, setting);
+        for (int column = 0; column < shipped.width(); ++column)
+            EXPECT_EQ(spanDifference(spanOf(shipped, column), spanOf(reference, column)), 0) << column;
+    }
+}
+
+/// Numbers so huge that places are not found by one multiplication.
+TEST(StripCurve, PointsOfHugeNumbersLookLikeAllPoints)
+{
+    const ElementType huge = {arrayOf<double>, 0.0, 1e305};
+    Setting setting;
+    setting.connected = false;
+    expectSameCurves(huge, {50, 3000, 40001}, setting);
+}
+
+TEST(StripCurve, ClippedPointsLookLikeAllPoints)
+{
+    for (const double shown : {0.5, 0.02}) {
+        Setting setting;
+        setting.connected = false;
+        setting.shown = shown;
+        expectSameCurves(Int16, {50, 1000, 40001}, setting);
+        expectSameCurves(Double, {50, 1000, 40001}, setting);
+    }
+}
+
 TEST(StripCurve, ClippedValuesLookLikeThePolyline)
 {
     for (const double shown : {0.5, 0.02}) {
