@@ -67,7 +67,7 @@ void OpenRecordingInBrowser(benchmark::State& state)
     }
 }
 
-/// A step of the selector over eight hours and to and fro, as the wheel does it.
+/// A step of the selector over eight hours, to and fro, as the wheel does it.
 void StepOverEightHours(benchmark::State& state)
 {
     static const std::unique_ptr<ReviewFrame> window = [] {
@@ -79,11 +79,10 @@ void StepOverEightHours(benchmark::State& state)
         return made;
     }();
     auto& selector = *window->findChild<PositionSelector*>();
-    double direction = 0.5;
+    const double middle = selector.totalTo() * 0.5;
     for (auto _ : state) {
-        direction = -direction;
         const double before = selector.selectorPosition();
-        direction < 0.0 ? selector.stepLeft(-direction) : selector.stepRight(direction);
+        before >= middle ? selector.stepLeft(0.5) : selector.stepRight(0.5);
         QApplication::processEvents();
         if (selector.selectorPosition() == before)
             stop("the selector does not move");
