@@ -254,7 +254,7 @@ void ReviewFrame::showRecording(LoadedRecording recording, const SignalViewState
     fillFavoriteViews();
     m_ui->comboFavoriteViews->setCurrentIndex(favoriteIndex);
     m_contextPlot = -1;
-    m_contextLabel = 0;
+    forgetFoundLabels();
     m_lastLabelFile.clear();
     m_labelHistory.restart(true);
     m_ui->labelStatus->clear();

@@ -202,6 +202,8 @@ void ReviewFrame::setUpStrips()
     connect(m_plots, &MultiPlot::sigPeriodSelected, this, &ReviewFrame::onPeriodSelected);
     connect(m_plots, &MultiPlot::sigMouseWheelEvent, this, &ReviewFrame::onMouseWheelEvent);
 
+    m_plots->installEventFilter(this);
+
     m_ui->listSignals->setItemDelegate(new SignalItemDelegate(this));
     connect(m_ui->listSignals, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         const int only = m_ui->listSignals->row(item);
@@ -270,6 +272,15 @@ void ReviewFrame::dragEnterEvent(QDragEnterEvent* event)
 void ReviewFrame::dropEvent(QDropEvent* event)
 {
     openDropped(*this, *event);
+}
+
+bool ReviewFrame::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_plots && event->type() == QEvent::Leave) {
+        clearReadout();
+        m_ui->labelStatus->clear();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 /// Keys that the strips leave alone page and zoom as they do in the selector.
@@ -567,4 +578,6 @@ void ReviewFrame::on_buttonFavoriteViewRemove_clicked()
     }
     m_settings.views.remove(m_ui->comboFavoriteViews->currentText());
     m_ui->comboFavoriteViews->removeItem(index);
+    // The neighbour that the box goes to is not what is shown.
+    m_ui->comboFavoriteViews->setCurrentIndex(0);
 }

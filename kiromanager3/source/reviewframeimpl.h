@@ -54,6 +54,7 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void on_buttonLoad_clicked();
@@ -140,6 +141,8 @@ private:
     void showReadout(double seconds);
     void clearReadout();
     double labelTolerance() const;
+    /// The label under the mouse and that of the context menu may be gone.
+    void forgetFoundLabels();
     void makeLabel(KiroLabel label);
     bool editLabel(KiroLabel& label);
     void toDrawn(KiroLabel& label) const;

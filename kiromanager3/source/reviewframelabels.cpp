@@ -32,7 +32,7 @@ void ReviewFrame::takeLabels(const QList<KiroLabel>& labels)
     m_plots->clearAllLabels();
     for (const KiroLabel& label : labels)
         m_plots->addLabel(label);
-    m_contextLabel = 0;
+    forgetFoundLabels();
     m_plots->redraw(true);
 }
 
@@ -40,7 +40,7 @@ void ReviewFrame::changeLabels(const QString& text, const std::function<void()>&
 {
     const QList<KiroLabel> before = m_plots->labelsList();
     change();
-    m_contextLabel = 0;
+    forgetFoundLabels();
     m_plots->redraw(true);
     m_labelHistory.note(text, before, m_plots->labelsList());
 }
@@ -117,6 +117,8 @@ QString ReviewFrame::chooseLabelFile()
 
 void ReviewFrame::onLoadMarkers()
 {
+    if (!settleUnsaved())
+        return;
     const QString path = chooseLabelFile();
     if (path.isEmpty())
         return;

@@ -76,6 +76,12 @@ double ReviewFrame::labelTolerance() const
     return m_selector->selectorRange() * FoundWithin;
 }
 
+void ReviewFrame::forgetFoundLabels()
+{
+    m_contextLabel = 0;
+    m_plots->setToolTip(QString());
+}
+
 void ReviewFrame::showStatus(int plot, const QPointF& value)
 {
     const Plot* const strip = m_plots->plot(plot);

@@ -150,6 +150,19 @@ void VirtualDisplay::drag(const std::string& title, const QPoint& from, const QP
         QStringList{QStringLiteral("mouseup"), button, QStringLiteral("keyup"), key});
 }
 
+void VirtualDisplay::doubleClick(const std::string& title, const QPoint& place) const
+{
+    const QString window = find(title);
+    if (window.isEmpty()) {
+        ADD_FAILURE() << "no window " << title;
+        return;
+    }
+    ask({QStringLiteral("windowfocus"), QStringLiteral("--sync"), window, QStringLiteral("mousemove"),
+         QStringLiteral("--window"), window, QString::number(place.x()), QString::number(place.y()),
+         QStringLiteral("click"), QStringLiteral("--repeat"), QStringLiteral("2"), QStringLiteral("--delay"),
+         QStringLiteral("40"), QStringLiteral("1")});
+}
+
 QSize VirtualDisplay::sizeOf(const std::string& title) const
 {
     const QString answer = ask({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), find(title)});

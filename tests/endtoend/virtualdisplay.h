@@ -37,6 +37,8 @@ public:
     void type(const std::string& title, const QString& text) const;
     /// Moves the mouse with its left button and a modifier key, such as "shift", held. Pixels of the window.
     void drag(const std::string& title, const QPoint& from, const QPoint& to, const char* modifier) const;
+    /// Double-clicks with the left button. Pixels of the window.
+    void doubleClick(const std::string& title, const QPoint& place) const;
     /// Pixels of the window of this title.
     QSize sizeOf(const std::string& title) const;
 

@@ -8,7 +8,17 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
+namespace
+{
+
+ModalAnswers* innermost = nullptr;
+
+} // namespace
+
 ModalAnswers::ModalAnswers()
+    : m_outer(std::exchange(innermost, this))
 {
     QObject::connect(&m_timer, &QTimer::timeout, [this] { answerNext(); });
     m_timer.start(10);
@@ -16,6 +26,7 @@ ModalAnswers::ModalAnswers()
 
 ModalAnswers::~ModalAnswers()
 {
+    innermost = m_outer;
     EXPECT_EQ(m_answers.size(), 0u) << "boxes that were expected did not come; seen: "
                                     << m_seen.join(QStringLiteral("; ")).toStdString();
     EXPECT_EQ(m_unexpected, 0) << "unexpected boxes; seen: "
@@ -61,7 +72,7 @@ void ModalAnswers::answer(std::function<void(QWidget*)> action)
 void ModalAnswers::answerNext()
 {
     QWidget* const window = QApplication::activeModalWidget();
-    if (!window || qobject_cast<QProgressDialog*>(window))
+    if (innermost != this || !window || qobject_cast<QProgressDialog*>(window))
         return;
     record(window);
     if (m_answers.empty()) {

@@ -8,7 +8,8 @@
 #include <functional>
 
 /// Answers the modal boxes and dialogs that the code under test opens, in the order of the given answers, and
-/// keeps what they said. A box without an answer is closed by its escape key and counts as unexpected.
+/// keeps what they said. A box without an answer is closed by its escape key and counts as unexpected. While
+/// another one lives that was made later, that one answers.
 class ModalAnswers
 {
 public:
@@ -34,6 +35,7 @@ private:
     void record(QWidget* window);
 
     QTimer m_timer;
+    ModalAnswers* m_outer; ///< that answers again when this is gone
     std::deque<std::function<void(QWidget*)>> m_answers;
     QStringList m_seen;
     int m_unexpected = 0;

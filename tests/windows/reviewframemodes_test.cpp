@@ -233,6 +233,16 @@ TEST_F(ReviewFrameModes, TellsWhatIsUnderTheMouse)
     EXPECT_TRUE(list().item(0)->data(SignalItemDelegate::ValueRole).toString().isEmpty());
 }
 
+TEST_F(ReviewFrameModes, TellsNothingOnceTheMouseHasLeft)
+{
+    moveTo(pixelAt(0.5, 0));
+    ASSERT_FALSE(label("labelStatus").isEmpty());
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&strips(), &leave);
+    EXPECT_EQ(label("labelStatus"), QString());
+    EXPECT_TRUE(list().item(0)->data(SignalItemDelegate::ValueRole).toString().isEmpty());
+}
+
 TEST_F(ReviewFrameModes, TheReadoutIsTheSampleAtTheTime)
 {
     // Jumps of 10 degrees begin at 1 and 2 seconds, and of 5 in the second signal.

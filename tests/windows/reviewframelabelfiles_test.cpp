@@ -1,0 +1,355 @@
+// Labels of a signals browser in files, and what becomes of those that are in none.
+
+#include "reviewframelabelsfixture.h"
+
+#include <QFileDialog>
+
+namespace
+{
+
+TEST_F(ReviewFrameLabelsTest, OpeningReplacesAndAddingAppends)
+{
+    const QString file = labelFile("two.lab", {QStringLiteral("a"), QStringLiteral("b")});
+    // Labels of one file alone are in it.
+    ModalAnswers answers;
+    answers.chooseFile(file);
+    labelAction("Add labels").trigger();
+    EXPECT_EQ(names(), QStringLiteral("a b"));
+    EXPECT_FALSE(isUnsaved());
+    makeLine("own", 5.0);
+    // What is in no file is not replaced without a question.
+    answers.answer([](QWidget* dialog) { within<QPushButton>(dialog, "button2").click(); });
+    labelAction("Open labels").trigger();
+    EXPECT_EQ(names(), QStringLiteral("a b own"));
+    answers.answer([](QWidget* dialog) { within<QPushButton>(dialog, "button1").click(); });
+    answers.chooseFile(file);
+    labelAction("Open labels").trigger();
+    EXPECT_EQ(names(), QStringLiteral("a b"));
+    EXPECT_EQ(labels()[1].time, 1100u);
+    EXPECT_FALSE(isUnsaved());
+    EXPECT_FALSE(find<QAction>("actionUndo").isEnabled());
+    answers.chooseFile(labelFile("more.lab", {QStringLiteral("c")}));
+    labelAction("Add labels").trigger();
+    EXPECT_EQ(names(), QStringLiteral("a b c"));
+    EXPECT_TRUE(isUnsaved());
+    const QString fileDialog =
+        QStringLiteral("Select Kiro labels file|") + QFileInfo(path("eye.kiro")).path();
+    EXPECT_EQ(answers.seen().count(fileDialog), 3);
+    EXPECT_EQ(answers.seen().size(), 5);
+    // The file that was added last is the one to save to.
+    save();
+    EXPECT_FALSE(isUnsaved());
+    EXPECT_EQ(namesIn(path("more.lab")), QStringLiteral("a b c"));
+    EXPECT_EQ(namesIn(file), QStringLiteral("a b"));
+}
+
+TEST_F(ReviewFrameLabelsTest, AFileWithoutLabelsIsAFailureThatChangesNothing)
+{
+    makeLine("own");
+    ASSERT_TRUE(KiroLabel::save(path("none.lab"), {}));
+    m_folder.write(QStringLiteral("broken.lab"), "no labels at all");
+    for (const char* file : {"none.lab", "broken.lab"}) {
+        for (const char* action : {"Open labels", "Add labels"}) {
+            ModalAnswers answers;
+            if (QLatin1String(action) == QLatin1String("Open labels"))
+                answers.answer([](QWidget* dialog) { within<QPushButton>(dialog, "button1").click(); });
+            answers.chooseFile(path(file));
+            answers.press(QMessageBox::Ok);
+            labelAction(action).trigger();
+            EXPECT_EQ(answers.seen().last(),
+                      warning(QStringLiteral("Failed to load labels from file %1").arg(path(file))));
+            EXPECT_EQ(names(), QStringLiteral("own"));
+            EXPECT_TRUE(isUnsaved());
+        }
+    }
+    {
+        ModalAnswers answers;
+        answers.answer([](QWidget* dialog) { within<QPushButton>(dialog, "button1").click(); });
+        answers.reject();
+        labelAction("Open labels").trigger();
+        EXPECT_EQ(names(), QStringLiteral("own"));
+        EXPECT_TRUE(isUnsaved());
+    }
+    // There is still no file to save to.
+    ModalAnswers answers;
+    answers.chooseFile(path("own.lab"));
+    save();
+    EXPECT_EQ(answers.seen().last().section(QLatin1Char('|'), 0, 0),
+              QStringLiteral("Select destination file"));
+}
+
+TEST_F(ReviewFrameLabelsTest, SavingAsksForAFileOnce)
+{
+    makeLine("one");
+    ModalAnswers answers;
+    answers.reject();
+    save();
+    EXPECT_TRUE(isUnsaved());
+    answers.answer([this](QWidget* dialog) {
+        auto* const files = qobject_cast<QFileDialog*>(dialog);
+        ASSERT_TRUE(files);
+        EXPECT_EQ(files->windowTitle(), QStringLiteral("Select destination file"));
+        EXPECT_EQ(files->nameFilters(), QStringList({QStringLiteral("Kiro labels file (*.lab)"),
+                                                     QStringLiteral("All files (*.*)")}));
+        EXPECT_EQ(files->selectedNameFilter(), QStringLiteral("Kiro labels file (*.lab)"));
+        EXPECT_EQ(files->acceptMode(), QFileDialog::AcceptSave);
+        within<QLineEdit>(files, "fileNameEdit").setText(path("mine"));
+        QMetaObject::invokeMethod(files, "accept");
+    });
+    save();
+    EXPECT_FALSE(isUnsaved());
+    EXPECT_FALSE(QFile::exists(path("mine")));
+    EXPECT_EQ(namesIn(path("mine.lab")), QStringLiteral("one"));
+    makeLine("two", 5.0);
+    save();
+    EXPECT_FALSE(isUnsaved());
+    EXPECT_EQ(namesIn(path("mine.lab")), QStringLiteral("one two"));
+    EXPECT_EQ(answers.seen().size(), 2);
+}
+
+TEST_F(ReviewFrameLabelsTest, OfAllFilesNoneGetsASuffix)
+{
+    makeLine("one");
+    ModalAnswers answers;
+    answers.answer([this](QWidget* dialog) {
+        auto* const files = qobject_cast<QFileDialog*>(dialog);
+        files->selectNameFilter(QStringLiteral("All files (*.*)"));
+        within<QLineEdit>(files, "fileNameEdit").setText(path("plain"));
+        QMetaObject::invokeMethod(files, "accept");
+    });
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(namesIn(path("plain")), QStringLiteral("one"));
+    EXPECT_FALSE(QFile::exists(path("plain.lab")));
+}
+
+TEST_F(ReviewFrameLabelsTest, AnOldFileIsOverwrittenOnlyIfTheUserWants)
+{
+    const QString file = labelFile("old.lab", {QStringLiteral("a"), QStringLiteral("b")});
+    const std::string before = fileBytes(KiroString(file));
+    makeLine("one");
+    const QString question =
+        warning(QStringLiteral("The file old.lab already exists! Would you like to overwrite it?"));
+    ModalAnswers answers;
+    answers.chooseFile(path("old")); // the suffix is added before the question
+    answers.press(QMessageBox::No);
+    labelAction("Save labels as...").trigger();
+    EXPECT_EQ(answers.seen().last(), question);
+    EXPECT_EQ(fileBytes(KiroString(file)), before);
+    EXPECT_TRUE(isUnsaved());
+    answers.chooseFile(file);
+    answers.press(QMessageBox::Yes);
+    labelAction("Save labels as...").trigger();
+    EXPECT_EQ(answers.seen().last(), question);
+    EXPECT_EQ(namesIn(file), QStringLiteral("one"));
+    EXPECT_FALSE(isUnsaved());
+    // The dialog begins with the last file.
+    answers.answer([file](QWidget* dialog) {
+        EXPECT_EQ(qobject_cast<QFileDialog*>(dialog)->selectedFiles(), QStringList(file));
+        dialog->close();
+    });
+    labelAction("Save labels as...").trigger();
+}
+
+TEST_F(ReviewFrameLabelsTest, AFailureToSaveIsToldAndLeavesTheLastFile)
+{
+    makeLine("one");
+    ModalAnswers answers;
+    answers.chooseFile(path("good.lab"));
+    save();
+    makeLine("two", 5.0);
+    const QString bad = path("no folder") + QStringLiteral("/bad.lab");
+    answers.chooseFile(bad);
+    answers.press(QMessageBox::Ok);
+    labelAction("Save labels as...").trigger();
+    EXPECT_EQ(answers.seen().last(),
+              warning(QStringLiteral("Failed to save labels to the file %1").arg(bad)));
+    EXPECT_TRUE(isUnsaved());
+    EXPECT_EQ(names(), QStringLiteral("one two"));
+    save();
+    EXPECT_EQ(namesIn(path("good.lab")), QStringLiteral("one two"));
+}
+
+TEST_F(ReviewFrameLabelsTest, ClearingAsksFirstAndForgetsTheFile)
+{
+    makeLine("one");
+    ModalAnswers answers;
+    answers.chooseFile(path("a.lab"));
+    save();
+    makeLine("two", 5.0);
+    answers.press(QMessageBox::No);
+    labelAction("Clear labels").trigger();
+    EXPECT_EQ(answers.seen().last(),
+              warning(QStringLiteral(
+                  "This operation will remove all current labels! Would you like to continue?")));
+    EXPECT_EQ(names(), QStringLiteral("one two"));
+    answers.press(QMessageBox::Yes);
+    labelAction("Clear labels").trigger();
+    EXPECT_EQ(names(), QString());
+    EXPECT_FALSE(isUnsaved());
+    EXPECT_FALSE(labelAction("Manage labels").isEnabled());
+    EXPECT_EQ(namesIn(path("a.lab")), QStringLiteral("one"));
+    makeLine("three", 6.0);
+    answers.chooseFile(path("b.lab"));
+    save();
+    EXPECT_EQ(namesIn(path("b.lab")), QStringLiteral("three"));
+}
+
+TEST_F(ReviewFrameLabelsTest, WhatNeedsARecordingIsOffWithoutOne)
+{
+    m_window.reset();
+    for (const char* text : {"Open labels", "Add labels", "Save labels", "Save labels as...", "Clear labels"})
+        EXPECT_FALSE(labelAction(text).isEnabled()) << text;
+    open();
+    for (const char* text : {"Open labels", "Add labels", "Save labels as...", "Clear labels"})
+        EXPECT_TRUE(labelAction(text).isEnabled()) << text;
+    EXPECT_FALSE(isUnsaved());
+}
+
+/// What leaves the open file, and whether it was left. Each has to ask for unsaved labels.
+class ReviewFrameUnsavedTest : public ReviewFrameLabelsTest
+{
+protected:
+    enum Answer { Save, DoNotSave, Cancel };
+
+    void SetUp() override
+    {
+        ReviewFrameLabelsTest::SetUp();
+        record("other.kiro", {"A", "B"});
+        window().loadFile(path("other.kiro"));
+        open();
+        makeLine("own");
+    }
+
+    bool leaveByClosing() { return window().close(); }
+    bool leaveByMenu()
+    {
+        find<QMenu>("menuRecent").actions()[1]->trigger();
+        return hasLeft();
+    }
+    /// `answers` gets the file dialog that follows the question, where it is reached.
+    bool leaveByButton()
+    {
+        click("buttonLoad");
+        return hasLeft();
+    }
+    bool hasLeft() { return window().recording().currentFile == path("other.kiro"); }
+
+    void answerWith(ModalAnswers& answers, Answer answer)
+    {
+        answers.answer([this, answer](QWidget* dialog) {
+            EXPECT_EQ(dialog->windowTitle(), window().windowTitle());
+            EXPECT_EQ(within<QLabel>(dialog, "labelText").text(),
+                      QStringLiteral("There are unsaved changes in labels for this file. "
+                                     "Would you like to save them?"));
+            const char* const texts[] = {"Yes, save", "No, do not save", "Cancel operation"};
+            auto& button = within<QPushButton>(dialog, answer == Save        ? "button0"
+                                                       : answer == DoNotSave ? "button1"
+                                                                             : "button2");
+            EXPECT_EQ(button.text(), QLatin1String(texts[answer]));
+            EXPECT_TRUE(within<QPushButton>(dialog, "button2").isDefault());
+            button.click();
+        });
+    }
+    void expectStays()
+    {
+        EXPECT_EQ(window().recording().currentFile, path("eye.kiro"));
+        EXPECT_TRUE(window().isVisible());
+        EXPECT_EQ(names(), QStringLiteral("own"));
+        EXPECT_TRUE(isUnsaved());
+    }
+};
+
+TEST_F(ReviewFrameUnsavedTest, CancelStays)
+{
+    ModalAnswers answers;
+    answerWith(answers, Cancel);
+    EXPECT_FALSE(leaveByClosing());
+    expectStays();
+    answerWith(answers, Cancel);
+    EXPECT_FALSE(leaveByMenu());
+    expectStays();
+    answerWith(answers, Cancel);
+    EXPECT_FALSE(leaveByButton());
+    expectStays();
+    // Leaving the question is no answer.
+    answers.reject();
+    EXPECT_FALSE(leaveByClosing());
+    expectStays();
+    EXPECT_EQ(answers.seen().size(), 4);
+}
+
+TEST_F(ReviewFrameUnsavedTest, ASaveThatIsNotDoneStays)
+{
+    ModalAnswers answers;
+    answerWith(answers, Save);
+    answers.reject(); // the file dialog
+    EXPECT_FALSE(leaveByClosing());
+    expectStays();
+    answerWith(answers, Save);
+    answers.chooseFile(path("no folder") + QStringLiteral("/bad.lab"));
+    answers.press(QMessageBox::Ok);
+    EXPECT_FALSE(leaveByMenu());
+    expectStays();
+}
+
+TEST_F(ReviewFrameUnsavedTest, SavingClosesWithTheLabelsInTheFile)
+{
+    ModalAnswers answers;
+    answerWith(answers, Save);
+    answers.chooseFile(path("a.lab"));
+    EXPECT_TRUE(leaveByClosing());
+    EXPECT_EQ(namesIn(path("a.lab")), QStringLiteral("own"));
+}
+
+TEST_F(ReviewFrameUnsavedTest, SavingOpensTheNextFileWithoutTheLabels)
+{
+    ModalAnswers answers;
+    answerWith(answers, Save);
+    answers.chooseFile(path("a.lab"));
+    EXPECT_TRUE(leaveByMenu());
+    EXPECT_EQ(namesIn(path("a.lab")), QStringLiteral("own"));
+    EXPECT_EQ(names(), QString());
+    EXPECT_FALSE(isUnsaved());
+    // The file of the labels belongs to the recording before.
+    makeLine("next");
+    answers.chooseFile(path("b.lab"));
+    save();
+    EXPECT_EQ(namesIn(path("b.lab")), QStringLiteral("next"));
+    EXPECT_EQ(namesIn(path("a.lab")), QStringLiteral("own"));
+}
+
+TEST_F(ReviewFrameUnsavedTest, NotSavingGoesOnWithoutThem)
+{
+    ModalAnswers answers;
+    answerWith(answers, DoNotSave);
+    answers.chooseFile(path("other.kiro"));
+    EXPECT_TRUE(leaveByButton());
+    EXPECT_EQ(names(), QString());
+    EXPECT_FALSE(isUnsaved());
+    makeLine("next");
+    answerWith(answers, DoNotSave);
+    EXPECT_TRUE(leaveByClosing());
+    EXPECT_EQ(QDir(QFileInfo(path("eye.kiro")).path()).entryList({QStringLiteral("*.lab")}), QStringList());
+}
+
+TEST_F(ReviewFrameUnsavedTest, AFailureToLoadKeepsTheLabels)
+{
+    ASSERT_TRUE(QFile::resize(path("other.kiro"), 100));
+    ModalAnswers answers;
+    answerWith(answers, DoNotSave);
+    answers.press(QMessageBox::Ok);
+    EXPECT_FALSE(leaveByMenu());
+    expectStays();
+}
+
+TEST_F(ReviewFrameUnsavedTest, LabelsThatAreStoredAreNotAskedFor)
+{
+    ModalAnswers answers;
+    answers.chooseFile(path("a.lab"));
+    save();
+    EXPECT_TRUE(leaveByMenu());
+    EXPECT_TRUE(leaveByClosing());
+    EXPECT_EQ(answers.seen().size(), 1);
+}
+
+} // namespace
