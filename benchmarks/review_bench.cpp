@@ -70,13 +70,14 @@ void OpenRecordingInBrowser(benchmark::State& state)
 /// A step of the selector over eight hours, to and fro, as the wheel does it.
 void StepOverEightHours(benchmark::State& state)
 {
-    static const std::unique_ptr<ReviewFrame> window = [] {
+    // It cannot be destroyed after the application.
+    static ReviewFrame* const window = [] {
         std::unique_ptr<ReviewFrame> made = shownBrowser();
         made->loadFile(eightHourRecording().toQString());
         auto& selector = *made->findChild<PositionSelector*>();
         // Nearly all of the recording, so that there is room for steps.
         selector.setSelectorRange(selector.totalTo() * 0.9);
-        return made;
+        return made.release();
     }();
     auto& selector = *window->findChild<PositionSelector*>();
     const double middle = selector.totalTo() * 0.5;

@@ -253,6 +253,7 @@ void ReviewFrame::showRecording(LoadedRecording recording, const SignalViewState
 
     fillFavoriteViews();
     m_ui->comboFavoriteViews->setCurrentIndex(favoriteIndex);
+    m_contextMenu->close();
     m_contextPlot = -1;
     forgetFoundLabels();
     m_lastLabelFile.clear();

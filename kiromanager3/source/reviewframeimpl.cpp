@@ -94,7 +94,13 @@ void ReviewFrame::setUpNavigation()
     connect(m_recentMenu, &QMenu::triggered, this, &ReviewFrame::onMenuMRU);
     const QKeySequence open(QKeySequence::Open);
     connect(new QShortcut(open, this), &QShortcut::activated, this, &ReviewFrame::on_buttonLoad_clicked);
-    m_ui->buttonLoad->setToolTip(withKey(m_ui->buttonLoad->toolTip(), open));
+    const QKeySequence recent(QStringLiteral("Ctrl+Shift+O"));
+    connect(new QShortcut(recent, this), &QShortcut::activated, this, [this] {
+        if (m_recentMenu->isEnabled())
+            m_ui->buttonLoad->showMenu();
+    });
+    m_ui->buttonLoad->setToolTip(withKey(m_ui->buttonLoad->toolTip(), open) + QLatin1Char('\n') +
+                                 withKey(tr("The files opened last"), recent));
     connect(m_ui->buttonClose, &QAbstractButton::clicked, this, &QWidget::close);
     m_ui->buttonClose->setToolTip(
         withKey(m_ui->buttonClose->toolTip(), QKeySequence(QStringLiteral("Ctrl+W"))));
@@ -122,7 +128,12 @@ void ReviewFrame::setUpNavigation()
     undo->setIcon(themedIcon(QStringLiteral("undo")));
     redo->setIcon(themedIcon(QStringLiteral("redo")));
     labels->addActions({undo, redo});
-    connect(&m_labelHistory, &LabelHistory::labelsRestored, this, &ReviewFrame::takeLabels);
+    connect(&m_labelHistory, &LabelHistory::labelsRestored, this, [this](const QList<KiroLabel>& restored) {
+        takeLabels(restored);
+        // Without the labels of the file that were added the others do not belong into it.
+        if (m_addedLabels)
+            m_lastLabelFile.clear();
+    });
     connect(&m_labelHistory, &LabelHistory::stateChanged, this, &ReviewFrame::enableControls);
 
     auto* const setup = new QMenu(this);
@@ -296,9 +307,13 @@ void ReviewFrame::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_Minus:
-        if (isOpen() && focusWidget() == m_plots) {
+        if (isOpen() && focusWidget() == m_plots && !m_handingOnKey) {
+            // What the selector leaves alone comes back to this window.
+            m_handingOnKey = true;
             QKeyEvent copy(event->type(), event->key(), event->modifiers(), event->text());
             QCoreApplication::sendEvent(m_selector, &copy);
+            m_handingOnKey = false;
+            event->setAccepted(copy.isAccepted());
             return;
         }
         break;
@@ -393,6 +408,9 @@ void ReviewFrame::redraw()
 {
     if (!isOpen())
         return;
+    // What was under the mouse is elsewhere now.
+    clearReadout();
+    m_plots->setToolTip(QString());
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const double position = m_selector->selectorPosition();
     const double range = m_selector->selectorRange();
@@ -522,6 +540,8 @@ void ReviewFrame::onSignalShowAll()
 
 void ReviewFrame::onSignalOnly()
 {
+    if (!m_plots->plot(m_contextPlot))
+        return;
     showStrips([this](int index) { return index == m_contextPlot; });
 }
 

@@ -165,11 +165,13 @@ private:
     LoadedRecording m_recording;
     SignalViewState m_viewState; ///< of the recording, as it was loaded
     LabelHistory m_labelHistory;
-    QString m_lastLabelFile; ///< empty until labels are loaded or saved
+    QString m_lastLabelFile;    ///< empty until labels are loaded or saved
+    bool m_addedLabels = false; ///< whether those of that file were added to others, and not yet saved
+    bool m_handingOnKey = false;
 
     InteractionMode m_mode = InteractionMode::Arrow;
-    UserMode m_savedUserMode = UserModeArrow; ///< what a press with Ctrl replaced
-    InteractionMode m_savedMode = InteractionMode::Arrow;
+    UserMode m_savedUserMode = UserModeArrow;            ///< what a press with Ctrl replaced
+    InteractionMode m_savedMode = InteractionMode::Zoom; ///< where no such press goes on
     bool m_leftPressed = false;
     int m_pressPlot = -1;
     QPointF m_pressPoint;

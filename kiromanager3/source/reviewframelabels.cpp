@@ -128,6 +128,7 @@ void ReviewFrame::onLoadMarkers()
         return;
     }
     m_lastLabelFile = path;
+    m_addedLabels = false;
     takeLabels(labels);
     m_labelHistory.restart(true);
 }
@@ -145,6 +146,7 @@ void ReviewFrame::onAddMarkers()
     // Labels of one file alone are stored in it.
     const bool hadLabels = !m_plots->labelsList().isEmpty() || m_labelHistory.hasChanges();
     m_lastLabelFile = path;
+    m_addedLabels = hadLabels;
     changeLabels(tr("Add labels"), [&] {
         for (const KiroLabel& label : labels)
             m_plots->addLabel(label);
@@ -185,6 +187,7 @@ bool ReviewFrame::saveLabels(const QString& path)
         return false;
     }
     m_lastLabelFile = path;
+    m_addedLabels = false;
     m_labelHistory.setStored();
     return true;
 }

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -65,6 +66,7 @@ void ReviewFrame::setUpContextMenu()
 void ReviewFrame::onModeChanged()
 {
     m_mode = InteractionMode(m_modeButtons->checkedId());
+    m_savedMode = InteractionMode::Zoom;
     m_plots->setUserMode(userModeOf(m_mode));
     m_plots->showPlayMarker = showsPlayMarker(m_mode);
     m_plots->update();
@@ -132,11 +134,12 @@ void ReviewFrame::onMouseLeftRelease(const QPoint&, int, const QPointF&, Qt::Mou
                                      Qt::KeyboardModifiers modifiers)
 {
     m_leftPressed = false;
+    const InteractionMode saved = std::exchange(m_savedMode, InteractionMode::Zoom);
     if (!modifiers.testFlag(Qt::ControlModifier) || m_mode != InteractionMode::Zoom ||
-        m_savedMode == InteractionMode::Zoom)
+        saved == InteractionMode::Zoom)
         return;
     m_plots->setUserMode(m_savedUserMode);
-    m_mode = m_savedMode;
+    m_mode = saved;
 }
 
 void ReviewFrame::onMouseMove(const QPoint&, int plot, const QPointF& value)

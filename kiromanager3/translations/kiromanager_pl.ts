@@ -965,6 +965,10 @@ Opis: %2</translation>
         <source>Signal: %1, time: %2 s, value: %3 %4</source>
         <translation>Sygnał: %1, czas: %2 s, wartość: %3 %4</translation>
     </message>
+    <message>
+        <source>The files opened last</source>
+        <translation>Ostatnio otwierane pliki</translation>
+    </message>
 </context>
 <context>
     <name>ReviewFrameBase</name>

@@ -63,8 +63,10 @@ bool LabelEntry::store(KiroLabel& label, double maxTime, const QLocale& locale) 
         return false;
     if (label.hasEnd() && (!isWithin(endMs) || *endMs <= *startMs))
         return false;
+    // The position that the label itself would show stands for its exact value.
+    if (value && position != of(label, locale).position)
+        label.value = *value;
     label.time = *startMs;
     label.endTime = endMs.value_or(label.endTime);
-    label.value = value.value_or(label.value);
     return true;
 }

@@ -21,6 +21,7 @@ struct LabelEntry
     /// unchanged, if they aren't, or if the label is of no known type.
     ///
     /// Times are rounded to milliseconds, halves upward, before they are compared, for a label keeps no more.
-    /// A number that doesn't count for the type is read too if it can be; else the label keeps its own.
+    /// A position written as that of the label is its exact value, whatever has been rounded away. A number
+    /// that doesn't count for the type is read too if it can be; else the label keeps its own.
     [[nodiscard]] bool store(KiroLabel& label, double maxTime, const QLocale& locale) const;
 };

@@ -78,6 +78,38 @@ TEST_F(ReviewFrameLabelsTest, AFileWithoutLabelsIsAFailureThatChangesNothing)
               QStringLiteral("Select destination file"));
 }
 
+TEST_F(ReviewFrameLabelsTest, SavingNeverReplacesARecording)
+{
+    makeLine("one");
+    const std::string bytes = fileBytes(KiroString(path("eye.kiro")));
+    ModalAnswers answers;
+    answers.chooseFile(path("eye.kiro"));
+    answers.press(QMessageBox::Yes);
+    answers.press(QMessageBox::Ok);
+    save();
+    EXPECT_EQ(answers.seen().last(),
+              warning(QStringLiteral("Failed to save labels to the file %1").arg(path("eye.kiro"))));
+    EXPECT_TRUE(fileBytes(KiroString(path("eye.kiro"))) == bytes);
+    EXPECT_TRUE(isUnsaved());
+}
+
+TEST_F(ReviewFrameLabelsTest, UndoneAddingLeavesTheAddedFileAlone)
+{
+    makeLine("own");
+    const QString file = labelFile("more.lab", {QStringLiteral("c")});
+    ModalAnswers answers;
+    answers.chooseFile(file);
+    labelAction("Add labels").trigger();
+    EXPECT_EQ(names(), QStringLiteral("own c"));
+    find<QAction>("actionUndo").trigger();
+    EXPECT_EQ(names(), QStringLiteral("own"));
+    // It asks, for the file has other labels.
+    answers.chooseFile(path("own.lab"));
+    save();
+    EXPECT_EQ(namesIn(path("own.lab")), QStringLiteral("own"));
+    EXPECT_EQ(namesIn(file), QStringLiteral("c"));
+}
+
 TEST_F(ReviewFrameLabelsTest, SavingAsksForAFileOnce)
 {
     makeLine("one");

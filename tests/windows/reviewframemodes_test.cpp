@@ -3,6 +3,7 @@
 #include "signalitemdelegate.h"
 
 #include <QInputDialog>
+#include <QTimer>
 
 namespace
 {
@@ -116,6 +117,22 @@ TEST_F(ReviewFrameModes, CtrlPressWhileZoomingChangesAndRestoresNothing)
     EXPECT_EQ(strips().userMode, UserModeTimeSelection);
 }
 
+TEST_F(ReviewFrameModes, CtrlBesideTheStripsWhileZoomingRestoresNothing)
+{
+    checkMode("buttonModeZoom", InteractionMode::Zoom);
+    const QPoint below(pixelAt(2.0).x(), strips().height() - 4);
+    QTest::mouseClick(&strips(), Qt::LeftButton, Qt::ControlModifier, below);
+    EXPECT_EQ(window().mode(), InteractionMode::Zoom);
+    EXPECT_EQ(strips().userMode, UserModeTimeSelection);
+    // Nor does a press with Ctrl in another mode before.
+    checkMode("buttonModePoint", InteractionMode::Point);
+    drag(2.0, 4.0, Qt::ControlModifier);
+    checkMode("buttonModeZoom", InteractionMode::Zoom);
+    QTest::mousePress(&strips(), Qt::LeftButton, Qt::NoModifier, pixelAt(2.5));
+    QTest::mouseRelease(&strips(), Qt::LeftButton, Qt::ControlModifier, pixelAt(2.5));
+    EXPECT_EQ(window().mode(), InteractionMode::Zoom);
+}
+
 TEST_F(ReviewFrameModes, DraggingInZoomModeShowsThatTime)
 {
     checkMode("buttonModeZoom", InteractionMode::Zoom);
@@ -203,6 +220,41 @@ TEST_F(ReviewFrameModes, KeysPageAndZoomFromTheStrips)
     EXPECT_EQ(selector().selectorRange(), 1.0);
     QTest::keyClick(&strips(), Qt::Key_Minus);
     EXPECT_EQ(selector().selectorRange(), 2.0);
+}
+
+TEST_F(ReviewFrameModes, KeysWithModifiersAreLeftAlone)
+{
+    selector().setSelectorRange(2.0);
+    selector().setSelectorPosition(4.0);
+    strips().setFocus();
+    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,
+                          Qt::Key_End, Qt::Key_Plus, Qt::Key_Equal, Qt::Key_Minus}) {
+        for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
+            QTest::keyClick(&strips(), Qt::Key(key), modifier);
+    }
+    EXPECT_EQ(selector().selectorPosition(), 4.0);
+    EXPECT_EQ(selector().selectorRange(), 2.0);
+}
+
+TEST_F(ReviewFrameModes, AKeyOpensTheListOfFiles)
+{
+    // The key returns when the menu is closed.
+    bool wasVisible = false;
+    auto& menu = find<QMenu>("menuRecent");
+    QTimer::singleShot(100, &menu, [&] {
+        wasVisible = menu.isVisible();
+        menu.close();
+    });
+    QTest::keyClick(&window(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(wasVisible);
+}
+
+TEST_F(ReviewFrameModes, TheReadoutGoesWhenTheWindowMoves)
+{
+    moveTo(pixelAt(0.5, 0));
+    ASSERT_FALSE(list().item(0)->data(SignalItemDelegate::ValueRole).toString().isEmpty());
+    click("buttonZoomIn");
+    EXPECT_TRUE(list().item(0)->data(SignalItemDelegate::ValueRole).toString().isEmpty());
 }
 
 TEST_F(ReviewFrameModes, DraggingTheSelectorTellsWhereItIs)

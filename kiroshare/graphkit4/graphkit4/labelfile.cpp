@@ -1,5 +1,6 @@
 #include "labelfile.h"
 
+#include "kiroheader.h"
 #include "labelfields.h"
 #include "safefile.h"
 
@@ -336,6 +337,11 @@ bool readLabelFile(const QString& path, QList<KiroLabel>& labels, QString& reaso
 bool writeLabelFile(const QString& path, const QList<KiroLabel>& labels, QString& reason)
 {
     try {
+        // A name that was mistyped must not cost a recording.
+        if (KiroHeader().load(KiroString(path))) {
+            reason = QStringLiteral("there is a recording of this name");
+            return false;
+        }
         QByteArray bytes;
         return labelsToBytes(labels, bytes, reason) && writeBytes(path, bytes, reason);
     } catch (const std::bad_alloc&) {

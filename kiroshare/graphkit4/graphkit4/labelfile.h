@@ -23,6 +23,6 @@ bool labelsFromBytes(const QByteArray& bytes, QList<KiroLabel>& labels, QString&
 bool readLabelFile(const QString& path, QList<KiroLabel>& labels, QString& reason);
 
 /// Writes beside the old file and renames over it once all bytes are on the disk; a symbolic link stays, and
-/// what it points to is replaced. False with `reason` set on failure; the old file then stands, and no other
-/// file is left.
+/// what it points to is replaced. A recording is never replaced. False with `reason` set on failure; the old
+/// file then stands, and no other file is left.
 bool writeLabelFile(const QString& path, const QList<KiroLabel>& labels, QString& reason);

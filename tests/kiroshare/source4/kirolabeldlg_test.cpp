@@ -314,6 +314,18 @@ TEST_F(KiroLabelDlgTest, OkWithoutAChangeGivesTheLabel)
     }
 }
 
+TEST_F(KiroLabelDlgTest, OkWithoutAChangeKeepsTheExactPosition)
+{
+    for (const double value : {1e-9, -1.0 / 3.0, 123456789.123456789}) {
+        KiroLabel label = labelOf(KiroLabel::Point);
+        label.value = value;
+        show(label);
+        m_dialog.show();
+        press(m_dialog, QDialogButtonBox::Ok);
+        EXPECT_EQ(m_dialog.label().value, value);
+    }
+}
+
 TEST_F(KiroLabelDlgTest, CancelLeavesTheLabel)
 {
     const auto changeAll = [this] {
