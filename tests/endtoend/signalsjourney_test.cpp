@@ -26,13 +26,17 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_display.isRunning());
+        m_window = "Signals browser - " + recording().toStdString();
+    }
+
+    QString recording() const { return path("r.kiro"); }
+    /// Has the command line make the recording.
+    void make(const QStringList& arguments) const
+    {
         QProcess batch;
-        batch.start(QStringLiteral(KIROBATCH),
-                    {QStringLiteral("demo"), QStringLiteral("--minutes"), QStringLiteral("0.5"),
-                     QStringLiteral("-o"), path("demo.kiro")});
+        batch.start(QStringLiteral(KIROBATCH), arguments);
         ASSERT_TRUE(batch.waitForFinished(PatienceMs));
         ASSERT_EQ(batch.exitCode(), 0) << batch.readAllStandardError().toStdString();
-        m_window = "Signals browser - " + path("demo.kiro").toStdString();
     }
 
     QString path(const char* name) const { return m_folder.path(QLatin1String(name)); }
@@ -42,7 +46,7 @@ protected:
     {
         m_display.start(QStringLiteral(KIROMANAGER),
                         {QStringLiteral("-config"), path("k.ini"), QStringLiteral("-signals"), path("k.sig"),
-                         QStringLiteral("-log"), path("k.txt"), path("demo.kiro")});
+                         QStringLiteral("-log"), path("k.txt"), recording()});
         // It has loaded the recording once its progress is gone.
         ASSERT_TRUE(m_display.waitForTitle(m_window));
         ASSERT_EQ(m_display.waitForTitles(2), Launcher + "; " + m_window);
@@ -95,9 +99,8 @@ protected:
         IniStore store;
         store.load(path("k.sig"));
         std::string shown;
-        for (int i = 0; i < store.intValue(path("demo.kiro"), QStringLiteral("signal_count"), 0); ++i)
-            shown +=
-                store.boolValue(path("demo.kiro"), QStringLiteral("sig%1_show").arg(i), true) ? '1' : '0';
+        for (int i = 0; i < store.intValue(recording(), QStringLiteral("signal_count"), 0); ++i)
+            shown += store.boolValue(recording(), QStringLiteral("sig%1_show").arg(i), true) ? '1' : '0';
         return shown;
     }
 
@@ -114,6 +117,8 @@ TEST_F(SignalsJourneyTest, LabelsARecordingAndFindsItAgainAsItWas)
 {
     constexpr double Left = 0.5;
     constexpr double Right = 0.7;
+    ASSERT_NO_FATAL_FAILURE(make({QStringLiteral("demo"), QStringLiteral("--minutes"), QStringLiteral("0.5"),
+                                  QStringLiteral("-o"), recording()}));
     ASSERT_NO_FATAL_FAILURE(start());
     press("ctrl+4");
     ASSERT_NO_FATAL_FAILURE(makeLabel(Left, "a"));
@@ -159,4 +164,37 @@ TEST_F(SignalsJourneyTest, LabelsARecordingAndFindsItAgainAsItWas)
     EXPECT_NEAR(double(later[0].time), double(saved[0].time), 60.0);
     EXPECT_EQ(shownStrips(), allButFirst);
     EXPECT_EQ(KiroLabel::load(path("demo.lab")).size(), 4);
+}
+
+TEST_F(SignalsJourneyTest, MeasuresAnImportedRecordingAndFindsItAgainAsItWas)
+{
+    ASSERT_NO_FATAL_FAILURE(make({QStringLiteral("import"), QStringLiteral("-o"), recording(),
+                                  QStringLiteral(KIRO_TEST_DATA "/real/biosemi_17ch_256hz.bdf")}));
+    const std::string bytes = fileBytes(KiroString(recording()));
+    ASSERT_NO_FATAL_FAILURE(start());
+    press("ctrl+3");
+    m_display.drag(m_window, at(0.4), at(0.6), "shift");
+    press("End");
+    press("Prior");
+    press("ctrl+2");
+    m_display.drag(m_window, at(0.4), at(0.8), "shift");
+    press("Escape");
+    press("ctrl+6");
+    ASSERT_NO_FATAL_FAILURE(makeLabel(0.6, "found"));
+    QList<KiroLabel> saved;
+    ASSERT_NO_FATAL_FAILURE(saveLabels("found", saved));
+    ASSERT_EQ(saved.size(), 1);
+    EXPECT_EQ(saved[0].type, KiroLabel::TimeLine);
+    press("shift+Tab");
+    press("Home");
+    press("space");
+    ASSERT_NO_FATAL_FAILURE(closeBrowser());
+    const std::string shown = shownStrips();
+    ASSERT_EQ(shown.size(), 17u);
+    EXPECT_EQ(shown, "0" + std::string(16, '1'));
+
+    ASSERT_NO_FATAL_FAILURE(start());
+    ASSERT_NO_FATAL_FAILURE(closeBrowser());
+    EXPECT_EQ(shownStrips(), shown);
+    EXPECT_TRUE(fileBytes(KiroString(recording())) == bytes);
 }
