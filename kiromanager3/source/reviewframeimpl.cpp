@@ -110,10 +110,10 @@ void ReviewFrame::setUpNavigation()
     m_ui->buttonLabels->setMenu(labels);
     m_openLabelsAction = labels->addAction(tr("Open labels"), this, &ReviewFrame::onLoadMarkers);
     m_addLabelsAction = labels->addAction(tr("Add labels"), this, &ReviewFrame::onAddMarkers);
+    // Ctrl+S is for the recording itself.
     m_saveLabelsAction = labels->addAction(tr("Save labels"), this, &ReviewFrame::onSaveMarkers,
-                                           QKeySequence(QStringLiteral("Ctrl+S")));
-    m_saveLabelsAsAction = labels->addAction(tr("Save labels as..."), this, &ReviewFrame::onSaveMarkersAs,
-                                             QKeySequence(QStringLiteral("Ctrl+Shift+S")));
+                                           QKeySequence(QStringLiteral("Ctrl+Shift+S")));
+    m_saveLabelsAsAction = labels->addAction(tr("Save labels as..."), this, &ReviewFrame::onSaveMarkersAs);
     m_exportLabelsAction = labels->addAction(tr("Export labels..."));
     labels->addSeparator();
     m_manageLabelsAction = labels->addAction(tr("Manage labels"));

@@ -78,7 +78,7 @@ protected:
     /// Saves the labels into a file that there is none of yet, and reads them.
     void saveLabels(const char* file, QList<KiroLabel>& saved)
     {
-        press("ctrl+s");
+        press("ctrl+shift+s");
         const std::string dialog = "Select destination file";
         ASSERT_TRUE(m_display.waitForTitle(dialog));
         m_display.press(dialog, "ctrl+a");

@@ -149,7 +149,7 @@ TEST_F(ReviewFrameLabelsTest, OfAllFilesNoneGetsASuffix)
         within<QLineEdit>(files, "fileNameEdit").setText(path("plain"));
         QMetaObject::invokeMethod(files, "accept");
     });
-    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    labelAction("Save labels as...").trigger();
     EXPECT_EQ(namesIn(path("plain")), QStringLiteral("one"));
     EXPECT_FALSE(QFile::exists(path("plain.lab")));
 }

@@ -134,7 +134,7 @@ protected:
     }
     void undo() { press(Qt::Key_Z, Qt::ControlModifier); }
     void redo() { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
-    void save() { press(Qt::Key_S, Qt::ControlModifier); }
+    void save() { press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier); }
 
     QString warning(const QString& text) { return window().windowTitle() + QLatin1Char('|') + text; }
 
