@@ -67,19 +67,23 @@ void OpenRecordingInBrowser(benchmark::State& state)
     }
 }
 
-/// A step of the selector over eight hours, to and fro, as the wheel does it.
-void StepOverEightHours(benchmark::State& state)
+/// A signals browser with eight hours of signals.
+ReviewFrame& browserOfEightHours()
 {
     // It cannot be destroyed after the application.
     static ReviewFrame* const window = [] {
         std::unique_ptr<ReviewFrame> made = shownBrowser();
         made->loadFile(eightHourRecording().toQString());
-        auto& selector = *made->findChild<PositionSelector*>();
-        // Nearly all of the recording, so that there is room for steps.
-        selector.setSelectorRange(selector.totalTo() * 0.9);
         return made.release();
     }();
-    auto& selector = *window->findChild<PositionSelector*>();
+    return *window;
+}
+
+/// A step of the selector to and fro, as the wheel does it, while `seconds` are shown.
+void stepOver(benchmark::State& state, double seconds)
+{
+    auto& selector = *browserOfEightHours().findChild<PositionSelector*>();
+    selector.setSelectorRange(seconds);
     const double middle = selector.totalTo() * 0.5;
     for (auto _ : state) {
         const double before = selector.selectorPosition();
@@ -90,6 +94,17 @@ void StepOverEightHours(benchmark::State& state)
     }
 }
 
+void StepOverEightHours(benchmark::State& state)
+{
+    // Nearly all of the recording, so that there is room for steps.
+    stepOver(state, 0.9 * 8.0 * 3600.0);
+}
+
+void StepOverTenSeconds(benchmark::State& state)
+{
+    stepOver(state, 10.0);
+}
+
 void SixteenMillisecondsOfReview(benchmark::State& state)
 {
     for (auto _ : state)
@@ -98,6 +113,7 @@ void SixteenMillisecondsOfReview(benchmark::State& state)
 
 BENCHMARK(OpenRecordingInBrowser)->Apply(repeatedOnce<7>);
 BENCHMARK(StepOverEightHours)->Apply(repeatedOnce<15>);
+BENCHMARK(StepOverTenSeconds)->Apply(repeatedOnce<15>);
 BENCHMARK(SixteenMillisecondsOfReview)->Apply(repeatedOnce<2>)->UseManualTime();
 BENCHMARK(LoadRecordingToReview)->Apply(repeated<7>);
 
@@ -113,6 +129,8 @@ const bool Goals[] = {
                   Goal::Kind::Shown, 0.0}),
     registerGoal({"review-step-over-8-hours-to-16-ms", "StepOverEightHours", "SixteenMillisecondsOfReview",
                   Goal::Kind::AtMost, 1.0}),
+    registerGoal({"review-step-over-8-hours-to-10-seconds", "StepOverEightHours", "StepOverTenSeconds",
+                  Goal::Kind::Shown, 0.0}),
     registerGoal({"review-load-to-bulk-load", "LoadRecordingToReview", "LoadAllSignalsIntoFreshMemory",
                   Goal::Kind::Shown, 0.0}),
 };

@@ -150,7 +150,7 @@ private:
     /// Makes a change of the labels by `change`, which can be undone.
     void changeLabels(const QString& text, const std::function<void()>& change);
     void takeLabels(const QList<KiroLabel>& labels);
-    QString chooseLabelFile();
+    QList<KiroLabel> chooseLabels(QString& path);
     bool saveLabels(const QString& path);
     void setScaleType(Plot::ScaleType type, const std::function<void(Plot&)>& change);
 

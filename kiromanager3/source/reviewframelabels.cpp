@@ -109,25 +109,29 @@ void ReviewFrame::onDeleteLabel()
     changeLabels(tr("Delete label"), [this] { m_plots->removeLabel(m_contextLabel); });
 }
 
-QString ReviewFrame::chooseLabelFile()
+/// The labels of a file that the user chooses; none, with `path` as it was, if the user chooses none or there
+/// are none, which is told.
+QList<KiroLabel> ReviewFrame::chooseLabels(QString& path)
 {
-    return QFileDialog::getOpenFileName(this, tr("Select Kiro labels file"), startFolder(m_settings.lastDir),
-                                        labelFilters());
+    const QString chosen = QFileDialog::getOpenFileName(this, tr("Select Kiro labels file"),
+                                                        startFolder(m_settings.lastDir), labelFilters());
+    if (chosen.isEmpty())
+        return {};
+    const QList<KiroLabel> labels = KiroLabel::load(chosen);
+    if (labels.isEmpty())
+        showWarning(this, tr("Failed to load labels from file %1").arg(chosen));
+    else
+        path = chosen;
+    return labels;
 }
 
 void ReviewFrame::onLoadMarkers()
 {
     if (!settleUnsaved())
         return;
-    const QString path = chooseLabelFile();
-    if (path.isEmpty())
+    const QList<KiroLabel> labels = chooseLabels(m_lastLabelFile);
+    if (labels.isEmpty())
         return;
-    const QList<KiroLabel> labels = KiroLabel::load(path);
-    if (labels.isEmpty()) {
-        showWarning(this, tr("Failed to load labels from file %1").arg(path));
-        return;
-    }
-    m_lastLabelFile = path;
     m_addedLabels = false;
     takeLabels(labels);
     m_labelHistory.restart(true);
@@ -135,17 +139,11 @@ void ReviewFrame::onLoadMarkers()
 
 void ReviewFrame::onAddMarkers()
 {
-    const QString path = chooseLabelFile();
-    if (path.isEmpty())
+    const QList<KiroLabel> labels = chooseLabels(m_lastLabelFile);
+    if (labels.isEmpty())
         return;
-    const QList<KiroLabel> labels = KiroLabel::load(path);
-    if (labels.isEmpty()) {
-        showWarning(this, tr("Failed to load labels from file %1").arg(path));
-        return;
-    }
     // Labels of one file alone are stored in it.
     const bool hadLabels = !m_plots->labelsList().isEmpty() || m_labelHistory.hasChanges();
-    m_lastLabelFile = path;
     m_addedLabels = hadLabels;
     changeLabels(tr("Add labels"), [&] {
         for (const KiroLabel& label : labels)
