@@ -10,6 +10,11 @@ function(kiro_add_test name label)
     set(arg_TIMEOUT 60)
   endif()
   add_executable(${name} ${arg_SOURCES})
+  # Everything of one kind, such as unit_tests.
+  if(NOT TARGET ${label}_tests)
+    add_custom_target(${label}_tests)
+  endif()
+  add_dependencies(${label}_tests ${name})
   target_link_libraries(${name} PRIVATE ${arg_LIBS} kirotestsupport GTest::gmock)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_compile_definitions(${name} PRIVATE
