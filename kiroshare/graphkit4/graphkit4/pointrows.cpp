@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 #include <variant>
 
@@ -13,16 +14,12 @@ namespace
 constexpr int Block = SampleStore::BlockSize;
 /// Up to so many samples of a column are looked at one by one at once.
 constexpr int FewSamples = 4 * Block;
-/// Of more blocks in a column so many are looked at, spread over it.
-constexpr int MostBlocks = 16 * SampleStore::LevelFactor;
+/// Blocks whose extremes are looked up together.
+constexpr int ExtremesTogether = 16 * SampleStore::LevelFactor;
 /// Between rows that are lit and this much apart a row may be open.
 constexpr int WideRows = 4;
-/// Blocks whose samples are looked at together, and of a column altogether.
+/// Blocks whose samples are looked at together.
 constexpr std::size_t LooksTogether = 4;
-constexpr int MostLooks = 32;
-/// So many looks in vain are the last of a column; the more blocks, the smaller the part that one is of it.
-constexpr int FewestLooksInVain = 4;
-constexpr int LooksInVainTimesBlocks = 1024;
 /// Part of a row by which values are moved down, so that those on the border of two, where calibrated ones
 /// often are, come to lie in the same row as by rowOf().
 constexpr double Nudge = 1.0 / 1024;
@@ -30,6 +27,38 @@ constexpr double Nudge = 1.0 / 1024;
 constexpr int EndSteps = 16;
 /// Greater whole numbers are not told apart as doubles.
 constexpr double GreatestExact = 4503599627370496.0;
+
+/// Of one word.
+constexpr int WordRows = 64;
+
+/// A bit of each of WordRows chars that are 0 or 1, the first one's the lowest.
+std::uint64_t bitsOf(const char* chars)
+{
+    std::uint64_t bits = 0;
+    for (int i = 0; i < WordRows; i += 8) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, chars + i, sizeof(eight));
+        // Brings the lowest bit of each byte to the highest byte, in their order.
+        bits |= ((eight * 0x0102040810204080) >> 56) << i;
+    }
+    return bits;
+}
+
+void addRow(int row, std::vector<std::uint64_t>& words)
+{
+    words[std::size_t(row / WordRows)] |= std::uint64_t(1) << (row % WordRows);
+}
+
+/// The bits of a word from that of `row` on, and up to it.
+std::uint64_t fromRow(int row)
+{
+    return ~std::uint64_t(0) << (row % WordRows);
+}
+
+std::uint64_t toRow(int row)
+{
+    return ~std::uint64_t(0) >> (WordRows - 1 - row % WordRows);
+}
 
 bool areWholeNumbers(const SampleStore& samples)
 {
@@ -45,14 +74,17 @@ bool areWholeNumbers(const SampleStore& samples)
 PointRows::PointRows(const SampleStore& samples, const StripGeometry& geometry)
     : m_samples(samples)
     , m_geometry(geometry)
-    , m_blank(std::size_t(geometry.canvas().height()) + 2, Open)
-    , m_openAbove(m_blank.size())
-    , m_wide(MostBlocks)
+    , m_rowCount(geometry.canvas().height() + 2)
+    , m_shown(std::size_t((m_rowCount + WordRows - 1) / WordRows))
+    , m_openRows(m_shown.size())
+    , m_rows(m_shown.size() * WordRows)
 {
+    for (int row = 1; row < m_rowCount - 1; ++row)
+        addRow(row, m_shown);
+    m_possible = m_shown;
     chooseSteps();
     if (areWholeNumbers(samples))
         findRowsOfNumbers();
-    m_rows = m_blank;
 }
 
 void PointRows::chooseSteps()
@@ -83,7 +115,7 @@ void PointRows::findEndsOfScale()
         }
         return isMoved;
     };
-    for (int row = 1; row < int(m_blank.size()); ++row) {
+    for (int row = 1; row < m_rowCount; ++row) {
         const double above = row - Nudge * 0.5;
         const double below = row + Nudge * 0.5;
         if (moved(above) >= row) {
@@ -108,9 +140,11 @@ void PointRows::findRowsOfNumbers()
     const double greatest = std::ceil(std::max(one, other));
     if (!(least > -GreatestExact) || !(greatest < GreatestExact))
         return;
-    std::fill(m_blank.begin(), m_blank.end(), Never);
+    std::fill(m_possible.begin(), m_possible.end(), 0);
     for (double raw = least; raw <= greatest; raw += 1.0)
-        m_blank[std::size_t(rowOf(raw))] = Open;
+        addRow(rowOf(raw), m_possible);
+    for (std::size_t word = 0; word < m_possible.size(); ++word)
+        m_possible[word] &= m_shown[word];
 }
 
 int PointRows::rowOf(double raw) const
@@ -136,13 +170,13 @@ bool PointRows::lightEach(int first, int end)
     bool isNew = false;
     for (std::size_t i = 0; i < std::size_t(end - first); ++i) {
         char& row = rows[found[i]];
-        isNew |= row != Lit;
-        row = Lit;
+        isNew |= row == 0;
+        row = 1;
     }
     return isNew;
 }
 
-/// Of up to MostBlocks blocks.
+/// Of up to ExtremesTogether blocks.
 void PointRows::findExtremes(int firstBlock, int count, int* tops, int* bottoms) const
 {
     if (m_hasSteps) {
@@ -163,21 +197,21 @@ void PointRows::findExtremes(int firstBlock, int count, int* tops, int* bottoms)
     }
 }
 
-/// Of up to MostBlocks blocks; adds the wide ones to those that are known.
+/// Of up to ExtremesTogether blocks; adds the wide ones to those that are known.
 void PointRows::lightExtremes(int firstBlock, int count)
 {
     const std::size_t known = m_wideCount;
-    std::array<int, MostBlocks> tops;
-    std::array<int, MostBlocks> bottoms;
+    std::array<int, ExtremesTogether> tops;
+    std::array<int, ExtremesTogether> bottoms;
     findExtremes(firstBlock, count, tops.data(), bottoms.data());
-    std::array<int, MostBlocks + 1> wide;
+    std::array<int, ExtremesTogether + 1> wide;
     std::size_t wideCount = 0;
     char* rows = m_rows.data();
     for (int i = 0; i < count; ++i) {
         const int top = tops[std::size_t(i)];
         const int bottom = bottoms[std::size_t(i)];
-        rows[top] = Lit;
-        rows[bottom] = Lit;
+        rows[top] = 1;
+        rows[bottom] = 1;
         wide[wideCount] = i;
         wideCount += bottom - top >= WideRows ? 1 : 0;
     }
@@ -190,36 +224,52 @@ void PointRows::lightExtremes(int firstBlock, int count)
 
 void PointRows::lightBlocks(int firstBlock, int endBlock)
 {
-    constexpr int Group = SampleStore::LevelFactor;
-    constexpr int Groups = MostBlocks / Group;
     m_wideCount = 0;
-    const int count = endBlock - firstBlock;
-    if (count <= MostBlocks) {
-        lightExtremes(firstBlock, count);
-        return;
-    }
-    for (int i = 0; i < Groups; ++i) {
-        const int from = firstBlock + int(std::int64_t(count - Group) * i / (Groups - 1));
-        lightExtremes(std::max(from - from % Group, firstBlock), Group);
-    }
+    m_wide.resize(std::max(m_wide.size(), std::size_t(endBlock - firstBlock)));
+    for (int block = firstBlock; block < endBlock; block += ExtremesTogether)
+        lightExtremes(block, std::min(ExtremesTogether, endBlock - block));
 }
 
-/// Sets m_openAbove and returns the number of all open rows.
-int PointRows::findOpenRows()
+/// As bits.
+std::uint64_t PointRows::litRows(int word) const
 {
-    int open = 0;
-    const char* rows = m_rows.data();
-    m_openAbove[std::size_t(m_top)] = 0;
-    for (int row = m_top + 1; row <= m_bottom; ++row) {
-        m_openAbove[std::size_t(row)] = open;
-        open += (rows[row] == Open) & (rows[row - 1] != Lit) & (rows[row + 1] != Lit);
+    return bitsOf(m_rows.data() + word * WordRows) & m_shown[std::size_t(word)];
+}
+
+/// Sets m_openRows; returns whether there are any.
+bool PointRows::findOpenRows()
+{
+    const int first = m_top / WordRows;
+    const int last = m_bottom / WordRows;
+    std::uint64_t any = 0;
+    std::uint64_t above = 0;
+    std::uint64_t here = litRows(first);
+    for (int word = first; word <= last; ++word) {
+        const std::uint64_t below = word < last ? litRows(word + 1) : 0;
+        const std::uint64_t near =
+            here | here << 1 | above >> (WordRows - 1) | here >> 1 | below << (WordRows - 1);
+        m_openRows[std::size_t(word)] = m_possible[std::size_t(word)] & ~near;
+        above = here;
+        here = below;
     }
-    return open;
+    m_openRows[std::size_t(first)] &= fromRow(m_top);
+    m_openRows[std::size_t(last)] &= toRow(m_bottom);
+    for (int word = first; word <= last; ++word)
+        any |= m_openRows[std::size_t(word)];
+    return any != 0;
 }
 
 bool PointRows::mayHoldOpenRow(const WideBlock& block) const
 {
-    return m_openAbove[std::size_t(block.bottom)] != m_openAbove[std::size_t(block.top)];
+    const int first = block.top / WordRows;
+    const int last = block.bottom / WordRows;
+    const std::uint64_t* words = m_openRows.data();
+    if (first == last)
+        return (words[first] & fromRow(block.top) & toRow(block.bottom)) != 0;
+    std::uint64_t found = (words[first] & fromRow(block.top)) | (words[last] & toRow(block.bottom));
+    for (int word = first + 1; word < last; ++word)
+        found |= words[word];
+    return found != 0;
 }
 
 /// Looks at the chosen blocks; returns whether any of their rows was not lit.
@@ -233,13 +283,10 @@ bool PointRows::look()
     return isNew;
 }
 
-void PointRows::search(int blocks)
+void PointRows::search()
 {
-    if (m_wideCount == 0 || findOpenRows() == 0)
+    if (m_wideCount == 0 || !findOpenRows())
         return;
-    const int mostInVain = std::max(LooksInVainTimesBlocks / blocks, FewestLooksInVain);
-    int looks = 0;
-    int inVain = 0;
     const std::size_t step = (m_wideCount + LooksTogether - 1) / LooksTogether;
     for (std::size_t first = 0; first < step; ++first) {
         m_chosen.clear();
@@ -247,14 +294,7 @@ void PointRows::search(int blocks)
             if (mayHoldOpenRow(m_wide[i]))
                 m_chosen.push_back(m_wide[i].number);
         }
-        looks += int(m_chosen.size());
-        inVain += int(m_chosen.size());
-        if (look()) {
-            inVain = 0;
-            if (findOpenRows() == 0)
-                return;
-        }
-        if (looks >= MostLooks || inVain >= mostInVain)
+        if (look() && !findOpenRows())
             return;
     }
 }
@@ -262,12 +302,12 @@ void PointRows::search(int blocks)
 void PointRows::give(int column, SpanList& lit) const
 {
     const int top = m_geometry.canvas().top() - 1;
-    const int last = std::min(m_bottom, int(m_rows.size()) - 2);
+    const int last = std::min(m_bottom, m_rowCount - 2);
     for (int row = std::max(m_top, 1); row <= last; ++row) {
-        if (m_rows[std::size_t(row)] != Lit)
+        if (m_rows[std::size_t(row)] == 0)
             continue;
         const int from = row;
-        while (row < last && m_rows[std::size_t(row) + 1] == Lit)
+        while (row < last && m_rows[std::size_t(row) + 1] != 0)
             ++row;
         lit.add({column, top + from, top + row});
     }
@@ -284,7 +324,7 @@ void PointRows::add(int column, int first, int end, SpanList& lit)
     m_bottom = m_steps.greatest = std::max(one, other);
     // Else no sample of the column lies beyond the rows of its extremes.
     m_steps.areMoved = m_top < int(m_steps.top) || m_bottom >= int(m_steps.bottom);
-    m_rows[std::size_t(m_top)] = m_rows[std::size_t(m_bottom)] = Lit;
+    m_rows[std::size_t(m_top)] = m_rows[std::size_t(m_bottom)] = 1;
     if (m_bottom - m_top > 1) {
         if (end - first <= FewSamples) {
             lightEach(first, end);
@@ -294,9 +334,9 @@ void PointRows::add(int column, int first, int end, SpanList& lit)
             lightEach(first, firstBlock * Block);
             lightEach(endBlock * Block, end);
             lightBlocks(firstBlock, endBlock);
-            search(endBlock - firstBlock);
+            search();
         }
     }
     give(column, lit);
-    std::copy(m_blank.begin() + m_top, m_blank.begin() + m_bottom + 1, m_rows.begin() + m_top);
+    std::fill(m_rows.begin() + m_top, m_rows.begin() + m_bottom + 1, 0);
 }

@@ -8,6 +8,7 @@
 /// gap(). Its cost depends on the columns.
 void traceStrip(const SampleStore& samples, const StripGeometry& geometry, StripSink& sink);
 
-/// The pixels that the samples themselves stand on, to within one; its cost depends on the columns. Where a
-/// column holds hundreds of samples, those of a row that very few of them stand on may be missed.
+/// The pixels that the samples themselves stand on, to within one. Its cost depends on the columns where the
+/// extremes of blocks of samples and a few of the blocks fill them, and is at most that of a look at all
+/// samples.
 std::vector<ColumnSpan> traceStripPoints(const SampleStore& samples, const StripGeometry& geometry);

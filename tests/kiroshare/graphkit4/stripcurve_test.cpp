@@ -410,44 +410,88 @@ TEST(StripCurve, TensOfThousandsOfSamplesAColumnLookLikeThePolyline)
     expectSameCurve(Int16, valuesOf(Shape::Walk, Count), setting, "wide walk");
 }
 
-TEST(StripCurve, PointsOfTensOfThousandsOfSamplesAColumnLookLikeAllPoints)
+/// From a few columns of hundred thousands of samples each to many of thousands, in low and high strips.
+TEST(StripCurve, DensePointsLookLikeAllPoints)
 {
     Setting setting;
-    setting.size = QSize(36, 151);
     setting.connected = false;
-    constexpr int Count = 300003;
-    for (const Shape shape : {Shape::Walk, Shape::Noise, Shape::Zigzag})
-        expectSameCurve(Int16, valuesOf(shape, Count), setting, ShapeNames[std::size_t(shape)]);
-    // So many blocks a column that not all of them are looked at.
-    setting.size = QSize(24, 151);
-    // Of values that are all alike frequent.
-    std::mt19937_64 generator(13);
-    std::uniform_real_distribution<double> uniform(-1.0, 1.0);
-    Values values(400003);
-    for (double& value : values)
-        value = uniform(generator);
-    expectSameCurve(Int16, values, setting, "many of even noise");
-    expectSameCurve(Double, values, setting, "many doubles of even noise");
+    for (const int count : {300000, 1000003}) {
+        for (const Shape shape : AllShapes) {
+            const SampleStore samples(Int16.make(valuesOf(shape, count), Int16.middle, Int16.half));
+            for (const QSize& size :
+                 {QSize(21, 151), QSize(24, 151), QSize(24, 911), QSize(36, 151), QSize(101, 911)}) {
+                setting.size = size;
+                expectSameCurve(samples, viewOf(Int16, count, setting), setting,
+                                std::string(ShapeNames[std::size_t(shape)]) + "-" + std::to_string(count) +
+                                    "-" + std::to_string(size.width()) + "x" + std::to_string(size.height()));
+            }
+        }
+    }
+}
+
+TEST(StripCurve, PointsOfMillionsOfSamplesLookLikeAllPoints)
+{
+    constexpr int Count = 2000003;
+    Setting setting;
+    setting.connected = false;
+    for (const Shape shape : {Shape::Walk, Shape::Noise}) {
+        const Values values = valuesOf(shape, Count);
+        for (const QSize& size : {QSize(24, 151), QSize(36, 151), QSize(433, 911)}) {
+            setting.size = size;
+            expectSameCurve(Int16, values, setting,
+                            std::string(ShapeNames[std::size_t(shape)]) + "-" + std::to_string(size.width()));
+        }
+        setting.size = QSize(24, 151);
+        expectSameCurve(Double, values, setting, std::string("doubles of ") + ShapeNames[std::size_t(shape)]);
+    }
+}
+
+/// A row that a single sample of a million stands on, in the midst of the others, is shown.
+TEST(StripCurve, ASinglePointBetweenOthersIsShown)
+{
+    constexpr int Count = 1000003;
+    Setting setting;
+    setting.connected = false;
+    setting.size = QSize(21, 151);
+    for (const int lonely : {777, 400031, 999983}) {
+        Values values(Count);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = i % 2 == 0 ? 0.9 : -0.9;
+        values[std::size_t(lonely)] = 0.25;
+        for (const ElementType& type : {Int16, Double}) {
+            const SampleStore samples(type.make(values, type.middle, type.half));
+            const StripView view = viewOf(type, samples.count(), setting);
+            const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
+            const plain::Pixels reference = plainPicture(samples, view, setting);
+            EXPECT_EQ(reference.litCount(), 3) << lonely;
+            EXPECT_EQ(farPixels(reference, shipped, 0), 0) << lonely;
+            EXPECT_EQ(farPixels(shipped, reference, 0), 0) << lonely;
+        }
+    }
 }
 
 /// Samples that rest at few heights for long and jump between them: no row between is lit, also not where
 /// most blocks of samples hold a jump.
 TEST(StripCurve, PointsOfJumpsLightNoRowBetween)
 {
-    for (const int rest : {3, 40, 400}) {
-        Values values(200000);
-        for (std::size_t i = 0; i < values.size(); ++i)
-            values[i] = 0.77 * double(int(i / std::size_t(rest)) % 3 - 1) + 0.011;
-        Setting setting;
-        setting.connected = false;
-        setting.size = QSize(30, 151);
-        const SampleStore samples(Int16.make(values, Int16.middle, Int16.half));
-        const StripView view = viewOf(Int16, samples.count(), setting);
-        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-        const plain::Pixels reference = plainPicture(samples, view, setting);
-        EXPECT_EQ(farPixels(shipped, reference, 0), 0) << rest;
-        EXPECT_EQ(farPixels(reference, shipped, 0), 0) << rest;
-        EXPECT_GT(reference.litCount(), 0) << rest;
+    Setting setting;
+    setting.connected = false;
+    setting.size = QSize(30, 151);
+    // Within rows; and, in the middle of the strip, on the border of two, where either may be lit.
+    for (const double middle : {0.011, 0.0}) {
+        const int reach = middle == 0.0 ? 1 : 0;
+        for (const int rest : {3, 40, 400}) {
+            Values values(200000);
+            for (std::size_t i = 0; i < values.size(); ++i)
+                values[i] = 0.77 * double(int(i / std::size_t(rest)) % 3 - 1) + middle;
+            const SampleStore samples(Int16.make(values, Int16.middle, Int16.half));
+            const StripView view = viewOf(Int16, samples.count(), setting);
+            const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
+            const plain::Pixels reference = plainPicture(samples, view, setting);
+            EXPECT_EQ(farPixels(shipped, reference, reach), 0) << middle << ' ' << rest;
+            EXPECT_EQ(farPixels(reference, shipped, reach), 0) << middle << ' ' << rest;
+            EXPECT_GT(reference.litCount(), 0) << middle << ' ' << rest;
+        }
     }
 }
 
