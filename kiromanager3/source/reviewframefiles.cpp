@@ -3,8 +3,10 @@
 #include "reviewframeimpl.h"
 
 #include "appconfig.h"
+#include "calibrationstore.h"
 #include "dialogprogress.h"
 #include "filechoice.h"
+#include "kiroreader.h"
 #include "messages.h"
 #include "modulewindow.h"
 #include "multiplot.h"
@@ -16,12 +18,14 @@
 
 #include "ui_reviewframebase.h"
 
+#include <QApplication>
 #include <QDebug>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace
@@ -131,17 +135,46 @@ void ReviewFrame::openAfterQuestions(const QString& path)
 
 bool ReviewFrame::settleUnsaved()
 {
-    if (!m_saveLabelsAction->isEnabled())
-        return true;
-    enum { Save, DoNotSave, Cancel };
-    const int answer = QuestionDialog::question(
-        this, tr("There are unsaved changes in labels for this file. Would you like to save them?"),
-        QPixmap(), tr("Yes, save"), QPixmap(), tr("No, do not save"), QPixmap(), tr("Cancel operation"),
-        QPixmap(), Cancel);
-    if (answer != Save)
-        return answer == DoNotSave;
-    onSaveMarkers();
-    return !m_saveLabelsAction->isEnabled();
+    const auto settle = [this](const QString& question, const std::function<bool()>& isUnsaved,
+                               const std::function<void()>& save) {
+        if (!isUnsaved())
+            return true;
+        enum { Save, DoNotSave, Cancel };
+        const int answer = QuestionDialog::question(this, question, QPixmap(), tr("Yes, save"), QPixmap(),
+                                                    tr("No, do not save"), QPixmap(), tr("Cancel operation"),
+                                                    QPixmap(), Cancel);
+        if (answer != Save)
+            return answer == DoNotSave;
+        save();
+        return !isUnsaved();
+    };
+    return settle(
+               tr("There are unsaved changes in this file. Would you like to save them?"),
+               [this] { return m_ui->buttonSave->isEnabled(); }, [this] { on_buttonSave_clicked(); }) &&
+           settle(
+               tr("There are unsaved changes in labels for this file. Would you like to save them?"),
+               [this] { return m_saveLabelsAction->isEnabled(); }, [this] { onSaveMarkers(); });
+}
+
+void ReviewFrame::on_buttonSave_clicked()
+{
+    if (!isOpen() || !m_ui->buttonSave->isEnabled())
+        return;
+    KiroReader reader;
+    if (!reader.setFile(KiroString(m_recording.currentFile))) {
+        showWarning(this, tr("Failed to open file %1").arg(m_recording.currentFile));
+        return;
+    }
+    m_ui->labelStatus->setText(tr("Storing new calibration values..."));
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    const CalibrationStoreResult result = storeCalibration(reader, m_recording.signalDescriptors);
+    QApplication::restoreOverrideCursor();
+    m_ui->labelStatus->clear();
+    if (result.ok())
+        m_ui->buttonSave->setEnabled(false);
+    else
+        showWarning(this, result.errorText);
 }
 
 void ReviewFrame::loadFile(const QString& path)
@@ -259,6 +292,7 @@ void ReviewFrame::showRecording(LoadedRecording recording, const SignalViewState
     m_lastLabelFile.clear();
     m_labelHistory.restart(true);
     m_ui->labelStatus->clear();
+    m_ui->buttonSave->setEnabled(false);
     fillSignals();
     enableControls();
     m_ui->stackContent->setCurrentWidget(m_ui->pagePlot);

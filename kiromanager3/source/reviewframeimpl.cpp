@@ -101,6 +101,9 @@ void ReviewFrame::setUpNavigation()
     });
     m_ui->buttonLoad->setToolTip(withKey(m_ui->buttonLoad->toolTip(), open) + QLatin1Char('\n') +
                                  withKey(tr("The files opened last"), recent));
+    const QKeySequence save(QKeySequence::Save);
+    m_ui->buttonSave->setShortcut(save);
+    m_ui->buttonSave->setToolTip(withKey(m_ui->buttonSave->toolTip(), save));
     connect(m_ui->buttonClose, &QAbstractButton::clicked, this, &QWidget::close);
     m_ui->buttonClose->setToolTip(
         withKey(m_ui->buttonClose->toolTip(), QKeySequence(QStringLiteral("Ctrl+W"))));

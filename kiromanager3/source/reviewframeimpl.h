@@ -58,6 +58,8 @@ protected:
 
 private slots:
     void on_buttonLoad_clicked();
+    /// Writes the calibration into the recording. The button is enabled while it differs from the file's.
+    void on_buttonSave_clicked();
     void onMenuMRU(QAction* action);
 
     void on_spinDataWidth_valueChanged(int width);
