@@ -12,6 +12,7 @@
 #include "samplewindow.h"
 #include "schemecolours.h"
 #include "signalitemdelegate.h"
+#include "signalreadout.h"
 #include "themedicon.h"
 #include "windowgeometry.h"
 
@@ -439,14 +440,14 @@ void ReviewFrame::setWindowOfTime(double position, double range)
 void ReviewFrame::showRange()
 {
     m_ui->labelSelection->setText(
-        tr("Position %1 s").arg(m_selector->selectorPosition(), 0, 'f', m_plots->precision()));
+        tr("Position %1 s").arg(readoutNumber(m_selector->selectorPosition(), m_plots->precision())));
 }
 
 void ReviewFrame::showWindowTexts()
 {
     m_ui->labelStatus->setText(tr("New selector position %1 s with range %2 s")
-                                   .arg(m_selector->selectorPosition(), 0, 'f', m_plots->precision())
-                                   .arg(m_selector->selectorRange(), 0, 'f', m_plots->precision()));
+                                   .arg(readoutNumber(m_selector->selectorPosition(), m_plots->precision()),
+                                        readoutNumber(m_selector->selectorRange(), m_plots->precision())));
 }
 
 void ReviewFrame::on_rangeSelector_selectorPositionMove(double)

@@ -1,6 +1,7 @@
 #include "signalitemdelegate.h"
 
 #include "colormix.h"
+#include "schemecolours.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -17,6 +18,24 @@ int valueWidth(const QFontMetrics& metrics)
 int gapWidth(const QFontMetrics& metrics)
 {
     return metrics.averageCharWidth();
+}
+
+QPalette::ColorGroup colorGroup(const QStyleOptionViewItem& item)
+{
+    if ((item.state & QStyle::State_Enabled) == 0)
+        return QPalette::Disabled;
+    return (item.state & QStyle::State_Active) == 0 ? QPalette::Inactive : QPalette::Active;
+}
+
+/// Draws the box of a check mark once more: styles make its frame darker than what it stands on, which on a
+/// dark desktop is not to be seen.
+void frameCheck(QPainter& painter, const QStyle& style, const QStyleOptionViewItem& item, const QColor& text)
+{
+    constexpr double FrameShare = 0.6;
+    const QRect box = style.subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &item, item.widget);
+    painter.setPen(mixedColor(item.palette.color(colorGroup(item), QPalette::Base), text, FrameShare));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(box.adjusted(0, 0, -1, -1));
 }
 
 /// A list of which most items are selected would be one block of colour: shows the selection as check marks.
@@ -57,15 +76,12 @@ void SignalItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     item.text = item.fontMetrics.elidedText(item.text, item.textElideMode, qMax(whole.width() - taken, 0));
     style->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
 
-    const QString value = index.data(ValueRole).toString();
-    if (value.isEmpty())
-        return;
-    const auto group = (item.state & QStyle::State_Enabled) == 0  ? QPalette::Disabled
-                       : (item.state & QStyle::State_Active) == 0 ? QPalette::Inactive
-                                                                  : QPalette::Active;
     painter->save();
+    if (isDark(item.palette))
+        frameCheck(*painter, *style, item, option.palette.color(colorGroup(item), QPalette::Text));
+    const QString value = index.data(ValueRole).toString();
     painter->setFont(item.font);
-    painter->setPen(item.palette.color(group, QPalette::Text));
+    painter->setPen(item.palette.color(colorGroup(item), QPalette::Text));
     const QRect right(whole.right() + 1 - taken, whole.top(), taken - gapWidth(item.fontMetrics),
                       whole.height());
     painter->drawText(right, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,

@@ -3,12 +3,21 @@
 #include "plot.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <cmath>
 
+QString readoutNumber(double value, int decimals)
+{
+    QLocale plain;
+    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    const QString text = plain.toString(value, 'f', decimals);
+    return plain.toDouble(text) == 0.0 ? plain.toString(0.0, 'f', decimals) : text;
+}
+
 QString readoutValue(const Plot& plot, double drawnValue)
 {
-    return QString::number(drawnValue, 'f', plot.precision + 1);
+    return readoutNumber(drawnValue, plot.precision + 1);
 }
 
 QString readoutAt(const Plot& plot, double seconds)
@@ -26,7 +35,7 @@ QString readoutAt(const Plot& plot, double seconds)
 QString statusText(const Plot& plot, const QString& name, double seconds, double drawnValue,
                    int timePrecision)
 {
-    const QString time = QString::number(seconds, 'f', timePrecision + 1);
+    const QString time = readoutNumber(seconds, timePrecision + 1);
     const QString value = readoutValue(plot, drawnValue);
     if (!plot.useCalib) {
         return QCoreApplication::translate("ReviewFrame", "Signal: %1, time: %2 s, value: %3")

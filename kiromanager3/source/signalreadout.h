@@ -6,6 +6,10 @@ class Plot;
 
 /// What a signals browser says of a strip at a time.
 
+/// A number with so many decimals, as the default locale writes it without separators of groups. A zero has
+/// no sign.
+QString readoutNumber(double value, int decimals);
+
 /// A value in the units that the strip draws, with one decimal more than the strip prints.
 QString readoutValue(const Plot& plot, double drawnValue);
 

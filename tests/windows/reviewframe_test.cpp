@@ -3,6 +3,7 @@
 #include "openevents.h"
 #include "signalitemdelegate.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -26,6 +27,21 @@ TEST_F(ReviewFrameTest, StartsEmpty)
         EXPECT_TRUE(find<QWidget>(enabled).isEnabled()) << enabled;
     EXPECT_EQ(window().mode(), InteractionMode::Arrow);
     EXPECT_TRUE(find<QToolButton>("buttonModeArrow").isChecked());
+}
+
+TEST_F(ReviewFrameTest, ScreenReadersAreToldWhatTheToolsAre)
+{
+    QAccessible::setActive(true);
+    const auto roleOf = [this](const char* name) {
+        return QAccessible::queryAccessibleInterface(&find<QWidget>(name))->role();
+    };
+    // A widget that is made in a disabled one is asked for its role too early, and stays without.
+    EXPECT_EQ(roleOf("buttonSetupLines"), QAccessible::CheckBox);
+    EXPECT_EQ(roleOf("buttonModeZoom"), QAccessible::CheckBox);
+    EXPECT_EQ(roleOf("buttonFavoriteViewAdd"), QAccessible::Button);
+    EXPECT_EQ(roleOf("spinDataWidth"), QAccessible::SpinBox);
+    EXPECT_EQ(roleOf("comboFavoriteViews"), QAccessible::ComboBox);
+    QAccessible::setActive(false);
 }
 
 TEST_F(ReviewFrameTest, ShowsAllOfANewFile)

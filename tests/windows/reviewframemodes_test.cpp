@@ -236,6 +236,22 @@ TEST_F(ReviewFrameModes, KeysWithModifiersAreLeftAlone)
     EXPECT_EQ(selector().selectorRange(), 2.0);
 }
 
+TEST_F(ReviewFrameModes, AClickOnAButtonLeavesTheKeysToTheStrips)
+{
+    selector().setSelectorRange(1.0);
+    selector().setSelectorPosition(1.0);
+    for (const char* button : {"buttonModeZoom", "buttonModeArrow", "buttonSetupHorzGrid", "buttonZoomIn"}) {
+        strips().setFocus();
+        click(button);
+        EXPECT_TRUE(strips().hasFocus()) << button;
+    }
+    ASSERT_EQ(selector().selectorRange(), 0.5);
+    QTest::keyClick(window().focusWidget(), Qt::Key_PageDown);
+    EXPECT_EQ(selector().selectorPosition(), 1.5);
+    for (const QToolButton* button : window().findChildren<QToolButton*>())
+        EXPECT_EQ(button->focusPolicy(), Qt::TabFocus) << button->objectName().toStdString();
+}
+
 TEST_F(ReviewFrameModes, AKeyOpensTheListOfFiles)
 {
     // The key returns when the menu is closed.
@@ -266,6 +282,16 @@ TEST_F(ReviewFrameModes, DraggingTheSelectorTellsWhereItIs)
     EXPECT_EQ(label("labelStatus"), QStringLiteral("New selector position 4.000 s with range 2.000 s"));
     emit selector().selectorPositionChange(4.0);
     EXPECT_EQ(label("labelStatus"), QString());
+}
+
+TEST_F(ReviewFrameModes, TimesAreInTheLocale)
+{
+    QLocale::setDefault(QLocale(QLocale::Polish, QLocale::Poland));
+    selector().setSelectorRange(2.0);
+    selector().setSelectorPosition(4.0);
+    emit selector().selectorPositionMove(4.0);
+    EXPECT_EQ(label("labelSelection"), QStringLiteral("Position 4,000 s"));
+    EXPECT_EQ(label("labelStatus"), QStringLiteral("New selector position 4,000 s with range 2,000 s"));
 }
 
 TEST_F(ReviewFrameModes, TellsWhatIsUnderTheMouse)

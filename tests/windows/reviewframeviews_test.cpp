@@ -4,6 +4,9 @@
 
 #include <QSpinBox>
 #include <QSplitter>
+#include <QStyleOptionViewItem>
+
+#include <cmath>
 
 namespace
 {
@@ -288,6 +291,38 @@ TEST_F(ReviewFrameViewsTest, TheColoursFollowADarkDesktop)
     const QColor bkg = day.bkg();
     EXPECT_EQ(kept("scheme_bkg_0"),
               QStringLiteral("%1,%2,%3").arg(bkg.red()).arg(bkg.green()).arg(bkg.blue()));
+}
+
+/// The least contrast that shapes need to be seen.
+constexpr double ShapeContrast = 3.0;
+
+double luminance(const QColor& color)
+{
+    const auto linear = [](double share) {
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+TEST_F(ReviewFrameViewsTest, AnEmptyCheckBoxIsSeenOnADarkDesktop)
+{
+    open();
+    window().setPalette(darkPalette());
+    list().item(1)->setSelected(false);
+    QStyleOptionViewItem item;
+    item.initFrom(&list());
+    item.rect = list().visualItemRect(list().item(1));
+    item.features = QStyleOptionViewItem::HasCheckIndicator;
+    const QRect box = list().style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &item, &list());
+    ASSERT_FALSE(box.isEmpty());
+    const QImage picture = list().viewport()->grab().toImage();
+    const QPoint centre = box.center();
+    const double inside = luminance(picture.pixelColor(centre));
+    for (const QPoint& edge : {QPoint(centre.x(), box.top()), QPoint(centre.x(), box.bottom()),
+                               QPoint(box.left(), centre.y()), QPoint(box.right(), centre.y())}) {
+        const double frame = luminance(picture.pixelColor(edge));
+        EXPECT_GT((frame + 0.05) / (inside + 0.05), ShapeContrast);
+    }
 }
 
 TEST_F(ReviewFrameViewsTest, AChosenSchemeStaysOnADarkDesktop)

@@ -2,6 +2,8 @@
 
 #include "plot.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -97,4 +99,23 @@ TEST(SignalReadoutTest, NamesWithPlaceMarkersStayAsTheyAre)
 {
     EXPECT_EQ(statusText(calibratedStrip(), QStringLiteral("%2 and %4"), 1.0, 2.0, 1),
               QStringLiteral("Signal: %2 and %4, time: 1.00 s, value: 2.000 deg"));
+}
+
+TEST(SignalReadoutTest, NumbersAreThoseOfTheLocaleWithoutGroups)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::Polish, QLocale::Poland));
+    EXPECT_EQ(readoutNumber(14405.5, 3), QStringLiteral("14405,500"));
+    EXPECT_EQ(readoutAt(calibratedStrip(), 0.034), QStringLiteral("12,500 deg"));
+    EXPECT_EQ(statusText(calibratedStrip(), QStringLiteral("eyex"), 12345.67891, 1.2344, 3),
+              QStringLiteral("Signal: eyex, time: 12345,6789 s, value: 1,234 deg"));
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    EXPECT_EQ(readoutNumber(14405.5, 3), QStringLiteral("14405.500"));
+    QLocale::setDefault(before);
+}
+
+TEST(SignalReadoutTest, AZeroHasNoSign)
+{
+    EXPECT_EQ(readoutNumber(-0.0004, 3), QStringLiteral("0.000"));
+    EXPECT_EQ(readoutNumber(-0.0006, 3), QStringLiteral("-0.001"));
 }
