@@ -41,3 +41,12 @@ function(kiro_add_library name)
   target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
   target_link_libraries(${name} PUBLIC kiro_options)
 endfunction()
+
+# kiro_add_forms(TARGET FILE...): headers of forms. Unlike AUTOUIC a rule for each: what includes a form is built
+# anew in the same run in which the form has changed.
+function(kiro_add_forms target)
+  qt5_wrap_ui(headers ${ARGN})
+  set_source_files_properties(${headers} PROPERTIES SKIP_AUTOGEN ON)
+  target_sources(${target} PRIVATE ${headers})
+  target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
+endfunction()
