@@ -65,6 +65,7 @@ ReviewFrame::ReviewFrame(QWidget* parent)
     resize(1301, 761);
     loadSettings();
     muteText(*m_ui->labelHint);
+    muteText(*m_ui->labelNothingShown);
     applyLook();
     fillRecentFiles();
     enableControls();
@@ -224,6 +225,10 @@ void ReviewFrame::setUpStrips()
         const int only = m_ui->listSignals->row(item);
         showStrips([only](int index) { return index == only; });
     });
+    connect(m_ui->buttonShowAll, &QAbstractButton::clicked, this, [this] {
+        onSignalShowAll();
+        m_plots->setFocus();
+    });
     m_ui->splitterContent->setStretchFactor(0, 0);
     m_ui->splitterContent->setStretchFactor(1, 1);
     connect(m_ui->splitterContent, &QSplitter::splitterMoved, this,
@@ -235,6 +240,7 @@ void ReviewFrame::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
         muteText(*m_ui->labelHint);
+        muteText(*m_ui->labelNothingShown);
         applyLook();
     }
 }
@@ -524,6 +530,10 @@ void ReviewFrame::selectShown()
         if (shown && first < 0)
             first = i;
     }
+    const bool loseFocus = first < 0 && m_plots->hasFocus();
+    m_ui->stackStrips->setCurrentWidget(first < 0 ? m_ui->pageNothingShown : m_plots);
+    if (loseFocus)
+        m_ui->buttonShowAll->setFocus();
     if (first < 0) {
         m_selector->clearOverview();
         return;

@@ -82,7 +82,7 @@ void ReviewFrame::makeLabel(KiroLabel label)
     if (!editLabel(label))
         return;
     toRaw(label);
-    changeLabels(tr("Add label"), [&] { m_plots->addLabel(label); });
+    changeLabels(tr("Add label", "undo"), [&] { m_plots->addLabel(label); });
     m_settings.labels.remember(label.name(), label.description(), label.color);
 }
 
@@ -96,7 +96,7 @@ void ReviewFrame::onEditLabel()
     if (!editLabel(label))
         return;
     toRaw(label);
-    changeLabels(tr("Edit label"), [&] {
+    changeLabels(tr("Edit label", "undo"), [&] {
         m_plots->removeLabel(id);
         m_plots->addLabel(label);
     });
@@ -106,7 +106,7 @@ void ReviewFrame::onDeleteLabel()
 {
     if (m_contextLabel == 0)
         return;
-    changeLabels(tr("Delete label"), [this] { m_plots->removeLabel(m_contextLabel); });
+    changeLabels(tr("Delete label", "undo"), [this] { m_plots->removeLabel(m_contextLabel); });
 }
 
 /// The labels of a file that the user chooses; none, with `path` as it was, if the user chooses none or there
@@ -145,7 +145,7 @@ void ReviewFrame::onAddMarkers()
     // Labels of one file alone are stored in it.
     const bool hadLabels = !m_plots->labelsList().isEmpty() || m_labelHistory.hasChanges();
     m_addedLabels = hadLabels;
-    changeLabels(tr("Add labels"), [&] {
+    changeLabels(tr("Add labels", "undo"), [&] {
         for (const KiroLabel& label : labels)
             m_plots->addLabel(label);
     });

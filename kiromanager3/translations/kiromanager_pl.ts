@@ -120,6 +120,41 @@
     </message>
 </context>
 <context>
+    <name>CalibrationStore</name>
+    <message>
+        <source>An error has occured during updating file header.
+%1</source>
+        <translation>Podczas aktualizacji nagłówka pliku wystąpił błąd.
+%1</translation>
+    </message>
+    <message>
+        <source>There are calibrated signals in the current data file,
+</source>
+        <translation>W bieżącym pliku danych są skalibrowane sygnały,
+</translation>
+    </message>
+    <message>
+        <source>but the header version is too old and does not support calibration.
+</source>
+        <translation>ale wersja nagłówka jest za stara i nie obsługuje kalibracji.
+</translation>
+    </message>
+    <message>
+        <source>If you want to store calibration please convert this data file
+</source>
+        <translation>Aby zapisać kalibrację, przekształć ten plik danych
+</translation>
+    </message>
+    <message>
+        <source>using the &quot;Save as binary&quot; option in DataFile Center</source>
+        <translation>poleceniem „Zapisz binarnie” w DataFile Center</translation>
+    </message>
+    <message>
+        <source>The file is no longer the one that was opened: it has other signals.</source>
+        <translation>To już nie jest plik, który został otwarty: ma inne sygnały.</translation>
+    </message>
+</context>
+<context>
     <name>DataFileCenter</name>
     <message>
         <source>Select kiro data file</source>
@@ -511,7 +546,7 @@ Czy chcesz go zastąpić?</translation>
     </message>
     <message>
         <source>Failed to load data signals!</source>
-        <translation>Nie udało się wczytać sygnałów danych!</translation>
+        <translation>Nie udało się wczytać sygnałów!</translation>
     </message>
     <message>
         <source>Failed to load file header</source>
@@ -749,7 +784,7 @@ Dodatkowe szczegóły można znaleźć w pliku dziennika „%1” w katalogu ins
     </message>
     <message>
         <source>Loading data signals...</source>
-        <translation>Wczytywanie sygnałów danych...</translation>
+        <translation>Wczytywanie sygnałów...</translation>
     </message>
     <message>
         <source>Initializing audio player...</source>
@@ -864,10 +899,6 @@ Dodatkowe szczegóły można znaleźć w pliku dziennika „%1” w katalogu ins
         <translation>Plik etykiet kiro (*.lab)</translation>
     </message>
     <message>
-        <source>Add label</source>
-        <translation>Dodanie etykiety</translation>
-    </message>
-    <message>
         <source>Edit label</source>
         <translation>Edytuj etykietę</translation>
     </message>
@@ -968,6 +999,38 @@ Opis: %2</translation>
     <message>
         <source>The files opened last</source>
         <translation>Ostatnio otwierane pliki</translation>
+    </message>
+    <message>
+        <source>There are unsaved changes in this file. Would you like to save them?</source>
+        <translation>Ten plik ma niezapisane zmiany. Czy chcesz je zapisać?</translation>
+    </message>
+    <message>
+        <source>Failed to open file %1</source>
+        <translation>Nie udało się otworzyć pliku %1</translation>
+    </message>
+    <message>
+        <source>Storing new calibration values...</source>
+        <translation>Zapisywanie nowych wartości kalibracji...</translation>
+    </message>
+    <message>
+        <source>Add label</source>
+        <comment>undo</comment>
+        <translation>dodanie etykiety</translation>
+    </message>
+    <message>
+        <source>Edit label</source>
+        <comment>undo</comment>
+        <translation>zmianę etykiety</translation>
+    </message>
+    <message>
+        <source>Delete label</source>
+        <comment>undo</comment>
+        <translation>usunięcie etykiety</translation>
+    </message>
+    <message>
+        <source>Add labels</source>
+        <comment>undo</comment>
+        <translation>dodanie etykiet</translation>
     </message>
 </context>
 <context>
@@ -1171,6 +1234,14 @@ Opis: %2</translation>
     <message>
         <source>Selection range 0 s</source>
         <translation>Zakres 0 s</translation>
+    </message>
+    <message>
+        <source>No signal is shown. Choose some in the list.</source>
+        <translation>Nie jest pokazany żaden sygnał. Wybierz sygnały z listy.</translation>
+    </message>
+    <message>
+        <source>Show &amp;all signals</source>
+        <translation>Pokaż &amp;wszystkie sygnały</translation>
     </message>
 </context>
 <context>

@@ -364,4 +364,46 @@ TEST_F(ReviewFrameViewsTest, TheWidthOfTheListIsKept)
     EXPECT_EQ(find<QSplitter>("splitterContent").sizes()[0], before + 100);
 }
 
+TEST_F(ReviewFrameViewsTest, WithoutAnyStripTheWindowTellsHowToShowThem)
+{
+    const auto hint = [this] { return find<QLabel>("labelNothingShown").isVisible(); };
+    EXPECT_FALSE(hint());
+    for (int row = 0; row < list().count(); ++row) {
+        EXPECT_FALSE(hint()) << row;
+        clickSignal(row);
+    }
+    ASSERT_EQ(shown(), "000");
+    EXPECT_TRUE(hint());
+    EXPECT_EQ(label("labelNothingShown"), QStringLiteral("No signal is shown. Choose some in the list."));
+    EXPECT_FALSE(strips().isVisible());
+    // So it is shown again as it was left, also in the next window.
+    closeWindow();
+    open();
+    EXPECT_EQ(shown(), "000");
+    EXPECT_TRUE(hint());
+    click("buttonShowAll");
+    EXPECT_EQ(shown(), "111");
+    EXPECT_EQ(selected(), "111");
+    EXPECT_FALSE(hint());
+    EXPECT_TRUE(strips().isVisible());
+    EXPECT_TRUE(strips().hasFocus());
+    clickSignal(1);
+    EXPECT_FALSE(hint());
+}
+
+/// The keys go to where strips come back from.
+TEST_F(ReviewFrameViewsTest, HidingTheLastStripMovesTheFocus)
+{
+    doubleClickSignal(0);
+    ASSERT_EQ(shown(), "100");
+    strips().setFocus();
+    rightClick(4.0);
+    find<QMenu>("menuContext").close();
+    actionOf("menuContext", QStringLiteral("Hide this signal")).trigger();
+    EXPECT_EQ(shown(), "000");
+    EXPECT_TRUE(find<QWidget>("buttonShowAll").hasFocus());
+    QTest::keyClick(window().focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(shown(), "111");
+}
+
 } // namespace
