@@ -66,6 +66,7 @@ ReviewFrame::ReviewFrame(QWidget* parent)
     loadSettings();
     muteText(*m_ui->labelHint);
     muteText(*m_ui->labelNothingShown);
+    showCheckedTools(*this);
     applyLook();
     fillRecentFiles();
     enableControls();
@@ -241,6 +242,7 @@ void ReviewFrame::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange) {
         muteText(*m_ui->labelHint);
         muteText(*m_ui->labelNothingShown);
+        showCheckedTools(*this);
         applyLook();
     }
 }

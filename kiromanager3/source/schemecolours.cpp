@@ -1,6 +1,7 @@
 #include "schemecolours.h"
 
 #include "multiplotscheme.h"
+#include "palettecolours.h"
 
 #include <QPalette>
 
@@ -23,11 +24,6 @@ bool hasDefaultColours(const MultiPlotScheme& scheme)
 }
 
 } // namespace
-
-bool isDark(const QPalette& palette)
-{
-    return palette.color(QPalette::Text).lightness() > palette.color(QPalette::Base).lightness();
-}
 
 MultiPlotScheme schemeOn(const QPalette& palette, const MultiPlotScheme& scheme)
 {

@@ -1,7 +1,7 @@
 #include "signalitemdelegate.h"
 
 #include "colormix.h"
-#include "schemecolours.h"
+#include "palettecolours.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -325,6 +325,27 @@ TEST_F(ReviewFrameViewsTest, AnEmptyCheckBoxIsSeenOnADarkDesktop)
     }
 }
 
+TEST_F(ReviewFrameViewsTest, AToolThatIsDownIsSeenOnADarkDesktop)
+{
+    const auto fill = [this](const char* button) {
+        const QImage picture = find<QWidget>(button).grab().toImage();
+        return luminance(picture.pixelColor(4, picture.height() / 2)) + 0.05;
+    };
+    window().setPalette(darkPalette());
+    ASSERT_TRUE(find<QToolButton>("buttonModeArrow").isChecked());
+    constexpr double SeenContrast = 1.5;
+    constexpr double TextContrast = 4.5;
+    EXPECT_GT(fill("buttonModeArrow") / fill("buttonModeZoom"), SeenContrast);
+    EXPECT_GT((luminance(darkPalette().color(QPalette::ButtonText)) + 0.05) / fill("buttonModeArrow"),
+              TextContrast);
+    click("buttonModeZoom");
+    EXPECT_GT(fill("buttonModeZoom") / fill("buttonModeArrow"), SeenContrast);
+    // On a light desktop the style knows what to do.
+    window().setPalette(QPalette());
+    EXPECT_EQ(find<QWidget>("buttonModeZoom").palette().color(QPalette::Button),
+              window().palette().color(QPalette::Button));
+}
+
 TEST_F(ReviewFrameViewsTest, AChosenSchemeStaysOnADarkDesktop)
 {
     closeWindow();

@@ -302,6 +302,9 @@ void showSignals(const QString& recording)
     }
     window.resize(window.minimumSizeHint());
     keep(window, QStringLiteral("review-smallest"));
+    window.resize(900, 520);
+    list.clearSelection();
+    keep(window, QStringLiteral("review-none"));
 }
 
 /// A recording with the right horizontal eye signal of another one alone.

@@ -1,6 +1,7 @@
 #include "schemecolours.h"
 
 #include "multiplotscheme.h"
+#include "palettecolours.h"
 
 #include <QPalette>
 
