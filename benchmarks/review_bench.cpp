@@ -18,20 +18,34 @@
 
 #include <memory>
 
+#include <malloc.h>
+
 namespace
 {
+
+/// Gives what a round freed back to the system, so that the next takes fresh memory as the first does. Not
+/// timed.
+void giveMemoryBack(benchmark::State& state)
+{
+    state.PauseTiming();
+    malloc_trim(0);
+    state.ResumeTiming();
+}
 
 /// Header, integrity, tables, samples in fresh memory, pyramids, strips.
 void LoadRecordingToReview(benchmark::State& state)
 {
     const QString path = hourRecording().toQString();
     for (auto _ : state) {
-        NoProgress progress;
-        LoadedRecording recording;
-        if (!recording.load(path, progress) ||
-            recording.plots.back().dataSize() != HourRecording::SamplesOfSignal)
-            stop("cannot load the recording");
-        benchmark::DoNotOptimize(recording.plots.data());
+        {
+            NoProgress progress;
+            LoadedRecording recording;
+            if (!recording.load(path, progress) ||
+                recording.plots.back().dataSize() != HourRecording::SamplesOfSignal)
+                stop("cannot load the recording");
+            benchmark::DoNotOptimize(recording.plots.data());
+        }
+        giveMemoryBack(state);
     }
 }
 
@@ -64,6 +78,7 @@ void OpenRecordingInBrowser(benchmark::State& state)
             stop("cannot show the recording");
         window.reset();
         state.ResumeTiming();
+        giveMemoryBack(state);
     }
 }
 

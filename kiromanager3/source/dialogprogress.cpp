@@ -2,10 +2,20 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QProgressBar>
+
+namespace
+{
+
+/// Time from one drawing of the bar to the next, at least: as screens show pictures.
+constexpr qint64 PictureMs = 16;
+
+} // namespace
 
 DialogProgress::DialogProgress(QWidget* parent, const QString& label, int quietMs)
     : m_guard(parent ? parent->window() : nullptr)
     , m_dialog(QString(), QCoreApplication::translate("DialogProgress", "Cancel"), 0, 100, parent)
+    , m_bar(m_dialog.findChild<QProgressBar*>())
 {
     // A file name is no rich text, whatever it looks like.
     auto* const text = new QLabel(label);
@@ -22,11 +32,22 @@ DialogProgress::DialogProgress(QWidget* parent, const QString& label, int quietM
 void DialogProgress::setRange(int minimum, int maximum)
 {
     m_dialog.setRange(minimum, maximum);
-    m_dialog.setValue(minimum);
+    setValue(minimum);
+}
+
+/// The bar draws itself at each value, which may cost more than the step of work that it shows. It keeps its
+/// picture until it is due.
+void DialogProgress::holdBar()
+{
+    const bool isDue = !m_sinceDrawn.isValid() || m_sinceDrawn.hasExpired(PictureMs);
+    m_bar->setUpdatesEnabled(isDue);
+    if (isDue)
+        m_sinceDrawn.start();
 }
 
 void DialogProgress::setValue(int value)
 {
+    holdBar();
     m_dialog.setValue(value);
 }
 
@@ -37,6 +58,7 @@ void DialogProgress::setText(const QString& text)
 
 bool DialogProgress::cancelled()
 {
+    holdBar();
     QCoreApplication::processEvents();
     return m_guard.isClosing() || m_dialog.wasCanceled();
 }

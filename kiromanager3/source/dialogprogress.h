@@ -3,7 +3,10 @@
 #include "jobguard.h"
 #include "jobprogress.h"
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
+
+class QProgressBar;
 
 /// Shows long work in a modal progress dialog over a window, from 0.3 s on unless told, with a working
 /// Cancel. The window is guarded from the beginning; closing it cancels the work.
@@ -22,6 +25,10 @@ public:
     bool cancelled() override;
 
 private:
+    void holdBar();
+
     JobGuard m_guard; // outlives the dialog, which belongs to the window too
     QProgressDialog m_dialog;
+    QProgressBar* m_bar; // of the dialog
+    QElapsedTimer m_sinceDrawn;
 };

@@ -177,11 +177,15 @@ bool LoadedRecording::readSamples(JobProgress& progress)
 {
     Q_ASSERT(m_reader);
     std::vector<SampleArray> samples;
+    std::vector<SampleStoreBuilder> builders(sampleCounts.cbegin(), sampleCounts.cend());
+    const auto build = [&builders](std::size_t signal, const SampleArray& soFar) {
+        builders[signal].take(soFar);
+    };
     KiroBulkReader bulk(*m_reader);
     bulk.setFramesPerReport(std::max(1, roundHalfUp(frameCount / Reports)));
-    if (!bulk.readAll(samples, progress))
+    if (!bulk.readAll(samples, progress, build))
         return bulk.wasCancelled() ? fail(Failure::Cancelled) : failToRead(bulk.errorText().toQString());
-    if (!giveSamples(std::move(samples), progress))
+    if (!giveSamples(std::move(samples), std::move(builders), progress))
         return false;
     if (hasChanged())
         return failChanged();
@@ -190,15 +194,16 @@ bool LoadedRecording::readSamples(JobProgress& progress)
     return true;
 }
 
-/// Hands each array to its strip, which builds its pyramid.
-bool LoadedRecording::giveSamples(std::vector<SampleArray> samples, JobProgress& progress)
+/// Hands the samples of each signal to its strip.
+bool LoadedRecording::giveSamples(std::vector<SampleArray> samples, std::vector<SampleStoreBuilder> builders,
+                                  JobProgress& progress)
 {
     try {
         for (std::size_t i = 0; i < samples.size(); ++i) {
             if (progress.cancelled())
                 return fail(Failure::Cancelled);
             Plot& plot = plots[i];
-            std::visit([&plot](const auto& array) { plot.setData(array, 0, -1); }, samples[i]);
+            plot.setSamples(builders[i].finish(samples[i]));
             plot.setTimeOffset(0.0);
             plot.setTimePerSample(signalSecs[static_cast<int>(i)]);
             plot.adjustPrecision();

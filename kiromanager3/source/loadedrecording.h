@@ -90,7 +90,8 @@ private:
     bool failToRead(const QString& why);
     bool hasChanged() const;
     void describe(const KiroSignal& signal, double frameMsecs);
-    bool giveSamples(std::vector<SampleArray> samples, JobProgress& progress);
+    bool giveSamples(std::vector<SampleArray> samples, std::vector<SampleStoreBuilder> builders,
+                     JobProgress& progress);
 
     QString m_path;
     FileStamp m_stamp;                    // as of openHeader()

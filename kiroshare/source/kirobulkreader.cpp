@@ -239,6 +239,8 @@ public:
         std::visit([&](auto& samples) { appendSamples(block, m_run, samples); }, m_samples);
     }
 
+    const Samples& samples() const { return m_samples; }
+
     Samples takeSamples(std::size_t first, std::size_t count)
     {
         std::visit([&](auto& samples) { trim(samples, first, count); }, m_samples);
@@ -387,11 +389,12 @@ bool KiroBulkReader::openAtFrame(KiroFile& file, std::int64_t first, std::int64_
            fail(KiroString("KiroBulkReader - opening file %1 failed").arg(m_fileName));
 }
 
-/// Runs over `count` frames from `first` on and gives each block to every target. Memory for targets is
-/// taken by `makeTargets` once the file is known to hold the frames; it may fail().
-template <class MakeTargets, class HandOver>
+/// Runs over `count` frames from `first` on and gives each block to every target, then lets `watch` look at
+/// them. Memory for targets is taken by `makeTargets` once the file is known to hold the frames; it may
+/// fail().
+template <class MakeTargets, class Watch, class HandOver>
 bool KiroBulkReader::readFrames(std::int64_t first, std::int64_t count, JobProgress& progress,
-                                MakeTargets&& makeTargets, HandOver&& handOver)
+                                MakeTargets&& makeTargets, Watch&& watch, HandOver&& handOver)
 {
     m_errorText.clear();
     m_cancelled = false;
@@ -406,7 +409,7 @@ bool KiroBulkReader::readFrames(std::int64_t first, std::int64_t count, JobProgr
             for (auto& target : targets)
                 target.take(block);
         };
-        if (!readBlocks(file, count, progress, give))
+        if (!readBlocks(file, count, progress, give, [&] { watch(targets); }))
             return false;
         handOver(targets);
     } catch (const std::bad_alloc&) {
@@ -417,9 +420,11 @@ bool KiroBulkReader::readFrames(std::int64_t first, std::int64_t count, JobProgr
     return true;
 }
 
-/// Reads `count` frames in large blocks and gives them on in stretches of SortSize.
-template <class Give>
-bool KiroBulkReader::readBlocks(KiroFile& file, std::int64_t count, JobProgress& progress, Give&& give)
+/// Reads `count` frames in large blocks and gives them on in stretches of SortSize; `watch` follows each
+/// block.
+template <class Give, class Watch>
+bool KiroBulkReader::readBlocks(KiroFile& file, std::int64_t count, JobProgress& progress, Give&& give,
+                                Watch&& watch)
 {
     const std::int64_t frameSize = m_header.frameSize();
     const auto framesIn = [frameSize](std::int64_t bytes) {
@@ -444,6 +449,7 @@ bool KiroBulkReader::readBlocks(KiroFile& file, std::int64_t count, JobProgress&
                             static_cast<std::size_t>(std::min(framesToSort, frames - i)),
                             static_cast<std::size_t>(frameSize)});
         }
+        watch();
         done += frames;
         const int step = steps.at(done);
         if (step != shown)
@@ -454,9 +460,10 @@ bool KiroBulkReader::readBlocks(KiroFile& file, std::int64_t count, JobProgress&
     return true;
 }
 
-/// `spare(i)` gives memory that the samples of signal i may use.
-template <class Samples, class Spare>
-bool KiroBulkReader::readEvery(std::vector<Samples>& out, JobProgress& progress, Spare&& spare)
+/// `spare(i)` gives memory that the samples of signal i may use; `watch(i, samples)` sees what is read of
+/// them.
+template <class Samples, class Spare, class Watch>
+bool KiroBulkReader::readEvery(std::vector<Samples>& out, JobProgress& progress, Spare&& spare, Watch&& watch)
 {
     // Frames without bytes are as good as no frames.
     const std::int64_t frames = m_header.frameSize() > 0 ? m_header.frameCount() : 0;
@@ -480,7 +487,12 @@ bool KiroBulkReader::readEvery(std::vector<Samples>& out, JobProgress& progress,
         }
         return targets;
     };
-    return readFrames(0, frames, progress, makeTargets, [&](std::vector<TypedTarget<Samples>>& targets) {
+    using Targets = std::vector<TypedTarget<Samples>>;
+    const auto watchAll = [&](const Targets& targets) {
+        for (std::size_t i = 0; i < targets.size(); ++i)
+            watch(i, targets[i].samples());
+    };
+    return readFrames(0, frames, progress, makeTargets, watchAll, [&](Targets& targets) {
         std::vector<Samples> all;
         for (std::size_t i = 0; i < targets.size(); ++i)
             all.push_back(targets[i].takeSamples(0, samplesOf(m_header.signalTable()[i])));
@@ -492,14 +504,20 @@ bool KiroBulkReader::readAll(std::vector<SampleVector>& out, JobProgress& progre
 {
     std::vector<SampleVector> spares = std::move(m_spare);
     m_spare.clear();
-    return readEvery(out, progress, [&spares](std::size_t signal) {
+    const auto spare = [&spares](std::size_t signal) {
         return signal < spares.size() ? std::move(spares[signal]) : SampleVector();
-    });
+    };
+    return readEvery(out, progress, spare, [](std::size_t, const SampleVector&) {});
 }
 
-bool KiroBulkReader::readAll(std::vector<SampleArray>& out, JobProgress& progress)
+bool KiroBulkReader::readAll(std::vector<SampleArray>& out, JobProgress& progress, const Watcher& watcher)
 {
-    return readEvery(out, progress, [](std::size_t) { return SampleArray(); });
+    const auto watch = [&watcher](std::size_t signal, const SampleArray& soFar) {
+        if (watcher)
+            watcher(signal, soFar);
+    };
+    return readEvery(
+        out, progress, [](std::size_t) { return SampleArray(); }, watch);
 }
 
 void KiroBulkReader::recycle(std::vector<SampleVector> samples)
@@ -544,10 +562,12 @@ bool KiroBulkReader::readOne(int signal, std::int64_t first, std::int64_t count,
     const auto makeTargets = [&] {
         return std::array{makeTarget(descriptor, run, static_cast<std::size_t>(frames))};
     };
-    return readFrames(firstFrame, frames, progress, makeTargets, [&](auto& targets) {
+    const auto handOver = [&](auto& targets) {
         out = targets[0].takeSamples(static_cast<std::size_t>(first % perFrame),
                                      static_cast<std::size_t>(count));
-    });
+    };
+    return readFrames(
+        firstFrame, frames, progress, makeTargets, [](const auto&) {}, handOver);
 }
 
 bool KiroBulkReader::readSignal(int signal, std::int64_t first, std::int64_t count, SampleVector& out,

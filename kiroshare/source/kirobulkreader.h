@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 class JobProgress;
@@ -19,6 +20,10 @@ class KiroReader;
 class KiroBulkReader
 {
 public:
+    /// Told of the samples of a signal that are read so far, which are valid only during the call. May
+    /// throw std::bad_alloc.
+    using Watcher = std::function<void(std::size_t signal, const SampleArray& soFar)>;
+
     /// Reads the file that `reader` is set to, by a copy of its header.
     explicit KiroBulkReader(const KiroReader& reader);
 
@@ -29,8 +34,10 @@ public:
     /// Every sample of every signal, each signal in a vector of its element type. False if the file does
     /// not hold all declared frames.
     bool readAll(std::vector<SampleVector>& out, JobProgress& progress);
-    /// The same. False also if a signal takes more bytes in memory than an array holds.
-    bool readAll(std::vector<SampleArray>& out, JobProgress& progress);
+    /// The same. False also if a signal takes more bytes in memory than an array holds. `watcher`, if there
+    /// is one, is told of each signal after each block of the file, while the samples of the block are still
+    /// in the processor's cache.
+    bool readAll(std::vector<SampleArray>& out, JobProgress& progress, const Watcher& watcher = {});
 
     /// How many frames lie between two reports of progress; 0, as at first, for a hundredth of what is read.
     void setFramesPerReport(std::int64_t frames) { m_framesPerReport = std::max<std::int64_t>(frames, 0); }
@@ -55,13 +62,13 @@ public:
 
 private:
     bool openAtFrame(KiroFile& file, std::int64_t first, std::int64_t count);
-    template <class MakeTargets, class HandOver>
+    template <class MakeTargets, class Watch, class HandOver>
     bool readFrames(std::int64_t first, std::int64_t count, JobProgress& progress, MakeTargets&& makeTargets,
-                    HandOver&& handOver);
-    template <class Give>
-    bool readBlocks(KiroFile& file, std::int64_t count, JobProgress& progress, Give&& give);
-    template <class Samples, class Spare>
-    bool readEvery(std::vector<Samples>& out, JobProgress& progress, Spare&& spare);
+                    Watch&& watch, HandOver&& handOver);
+    template <class Give, class Watch>
+    bool readBlocks(KiroFile& file, std::int64_t count, JobProgress& progress, Give&& give, Watch&& watch);
+    template <class Samples, class Spare, class Watch>
+    bool readEvery(std::vector<Samples>& out, JobProgress& progress, Spare&& spare, Watch&& watch);
     template <class MakeTarget, class Out>
     bool readOne(int signal, std::int64_t first, std::int64_t count, JobProgress& progress, Out& out,
                  MakeTarget&& makeTarget);

@@ -3,8 +3,11 @@
 #include "openevents.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTest>
@@ -41,6 +44,22 @@ protected:
     {
         if (event->type() == OpenFileEvent::Number)
             opened << static_cast<OpenFileEvent*>(event)->path();
+    }
+};
+
+/// Counts how often a widget is drawn.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QObject* widget) { widget->installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
     }
 };
 
@@ -118,6 +137,40 @@ TEST(DialogProgressTest, CancelEndsTheJob)
     EXPECT_FALSE(progress.cancelled());
     QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
     EXPECT_TRUE(progress.cancelled());
+}
+
+TEST(DialogProgressTest, TheBarIsDrawnNoMoreOftenThanAScreenShowsIt)
+{
+    constexpr int Steps = 1000;
+    JobWindow window;
+    DialogProgress progress(&window, QStringLiteral("Working"), 0);
+    progress.setRange(0, Steps);
+    progress.setValue(1);
+    QProgressDialog* const dialog = shownDialog(window);
+    ASSERT_TRUE(dialog);
+    auto* const bar = dialog->findChild<QProgressBar*>();
+    ASSERT_TRUE(bar);
+    QTest::qWait(20);
+    PaintCounter paints(bar);
+    QElapsedTimer clock;
+    clock.start();
+    for (int value = 2; value <= Steps; ++value) {
+        progress.setValue(value);
+        EXPECT_EQ(bar->value(), value);
+        EXPECT_FALSE(progress.cancelled());
+    }
+    EXPECT_GE(paints.count, 1);
+    // At the beginning and at the end it may be drawn by a hair more often, and twice when it is due.
+    EXPECT_LE(paints.count, 2 * (clock.elapsed() / 16 + 2));
+    EXPECT_LT(paints.count, Steps / 2);
+
+    // Work that asks without a step has a bar that was held follow in the end.
+    while (bar->updatesEnabled())
+        progress.setValue(bar->value() == Steps ? 1 : Steps);
+    QTest::qWait(20);
+    paints.count = 0;
+    EXPECT_FALSE(progress.cancelled());
+    EXPECT_EQ(paints.count, 1);
 }
 
 TEST(DialogProgressTest, ShortJobsShowNoDialog)

@@ -137,12 +137,17 @@ bool Plot::take(const QVector<T>& data, int start, int count)
         return false;
     const int taken = count < 0 ? data.size() - start : count;
     const bool whole = taken == data.size();
-    m_samples = SampleStore(SampleArray(whole ? data : data.mid(start, taken)));
+    setSamples(SampleStore(SampleArray(whole ? data : data.mid(start, taken))));
+    return true;
+}
+
+void Plot::setSamples(const SampleStore& samples)
+{
+    m_samples = samples;
     dataType = m_samples.elementType();
     m_first = 0;
-    m_count = taken;
+    m_count = m_samples.count();
     followData();
-    return true;
 }
 
 template <class T>

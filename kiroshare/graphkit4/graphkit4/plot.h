@@ -49,6 +49,9 @@ public:
     bool setData(const QVector<float>& data, int start, int count);
     bool setData(const QVector<double>& data, int start, int count);
 
+    /// All of `samples`, which may be those of other strips too. The data range becomes all of them.
+    void setSamples(const SampleStore& samples);
+
     /// The samples; empty if they are of another type.
     QVector<std::int8_t> getDataInt8() const;
     QVector<std::uint8_t> getDataUInt8() const;

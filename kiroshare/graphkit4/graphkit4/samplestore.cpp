@@ -217,26 +217,6 @@ void setBlock(Level<T>& level, std::size_t index, const T* samples)
 }
 
 template <class T>
-Level<T> lowestLevel(const T* samples, std::size_t count)
-{
-    using Extremes = BlockExtremes<T, Block>;
-    static_assert(Factor % Extremes::Blocks == 0);
-    Level<T> level(count / Block);
-    std::size_t i = 0;
-    for (; i + Extremes::Blocks <= level.count(); i += Extremes::Blocks) {
-        BlockGroup<T>& group = level.group(i / Factor);
-        Extremes::find(samples + i * Block, &group.least[i % Factor], &group.greatest[i % Factor]);
-        for (std::size_t k = i; k < i + Extremes::Blocks; ++k) {
-            if (blockHasGap(samples + k * Block))
-                setBlock(level, k, samples);
-        }
-    }
-    for (; i < level.count(); ++i)
-        setBlock(level, i, samples);
-    return level;
-}
-
-template <class T>
 Level<T> levelAbove(const Level<T>& below)
 {
     Level<T> level(below.count() / Factor);
@@ -253,16 +233,40 @@ Level<T> levelAbove(const Level<T>& below)
     return level;
 }
 
-/// The levels from the lowest on; none for fewer samples than a block has.
+/// The levels from the lowest on; all empty for fewer samples than a block has.
 template <class T>
 struct Pyramid
 {
     std::vector<Level<T>> levels;
+    std::size_t done = 0; ///< blocks of the lowest level that are set
 
     Pyramid() = default;
-    explicit Pyramid(const QVector<T>& samples)
+    /// Blocks of as many samples, not yet set.
+    explicit Pyramid(std::size_t count) { levels.emplace_back(count / Block); }
+
+    /// Sets the blocks of the lowest level that the first `count` samples fill, as far as many can be set at
+    /// once.
+    void extend(const T* samples, std::size_t count)
     {
-        levels.push_back(lowestLevel(samples.constData(), std::size_t(samples.size())));
+        using Extremes = BlockExtremes<T, Block>;
+        static_assert(Factor % Extremes::Blocks == 0);
+        Level<T>& level = levels.front();
+        for (; (done + Extremes::Blocks) * Block <= count; done += Extremes::Blocks) {
+            BlockGroup<T>& group = level.group(done / Factor);
+            Extremes::find(samples + done * Block, &group.least[done % Factor],
+                           &group.greatest[done % Factor]);
+            for (std::size_t i = done; i < done + Extremes::Blocks; ++i) {
+                if (blockHasGap(samples + i * Block))
+                    setBlock(level, i, samples);
+            }
+        }
+    }
+    /// Sets all that is left, when all samples are there.
+    void finish(const T* samples)
+    {
+        extend(samples, levels.front().count() * Block);
+        for (; done < levels.front().count(); ++done)
+            setBlock(levels.front(), done, samples);
         while (levels.back().count() > TopBlocks)
             levels.push_back(levelAbove(levels.back()));
     }
@@ -432,22 +436,21 @@ using AnyPyramid =
                  Pyramid<std::int32_t>, Pyramid<std::uint32_t>, Pyramid<std::int64_t>, Pyramid<std::uint64_t>,
                  Pyramid<float>, Pyramid<double>>;
 
-AnyPyramid makePyramid(const SampleArray& samples)
-{
-    return std::visit(
-        [](const auto& vector) -> AnyPyramid {
-            using T = typename std::decay_t<decltype(vector)>::value_type;
-            return Pyramid<T>(vector);
-        },
-        samples);
-}
-
 } // namespace
 
 struct SampleStore::Shared
 {
     SampleArray samples;
     AnyPyramid pyramid;
+
+    Shared() = default;
+    /// Without samples, and with room for the pyramid of so many.
+    template <class T>
+    Shared(QVector<T> none, std::size_t count)
+        : samples(std::move(none))
+        , pyramid(Pyramid<T>(count))
+    {
+    }
 
     /// Calls `function(vector, pyramid)`.
     template <class Function>
@@ -468,8 +471,51 @@ SampleStore::SampleStore()
 }
 
 SampleStore::SampleStore(const SampleArray& samples)
-    : m_shared(std::make_shared<const Shared>(Shared{samples, makePyramid(samples)}))
+    : SampleStore(SampleStoreBuilder(int(sampleCount(samples))).finish(samples))
 {
+}
+
+SampleStore::SampleStore(std::shared_ptr<const Shared> shared)
+    : m_shared(std::move(shared))
+{
+}
+
+SampleStoreBuilder::SampleStoreBuilder(int count)
+    : m_count(count)
+{
+    Q_ASSERT(count >= 0);
+}
+
+SampleStoreBuilder::~SampleStoreBuilder() = default;
+SampleStoreBuilder::SampleStoreBuilder(SampleStoreBuilder&& other) noexcept = default;
+SampleStoreBuilder& SampleStoreBuilder::operator=(SampleStoreBuilder&& other) noexcept = default;
+
+void SampleStoreBuilder::take(const SampleArray& soFar)
+{
+    std::visit(
+        [this](const auto& vector) {
+            using T = typename std::decay_t<decltype(vector)>::value_type;
+            Q_ASSERT(vector.size() <= m_count);
+            if (!m_shared)
+                m_shared = std::make_unique<SampleStore::Shared>(QVector<T>(), std::size_t(m_count));
+            std::get_if<Pyramid<T>>(&m_shared->pyramid)
+                ->extend(vector.constData(), std::size_t(vector.size()));
+        },
+        soFar);
+}
+
+SampleStore SampleStoreBuilder::finish(const SampleArray& samples)
+{
+    Q_ASSERT(sampleCount(samples) == std::size_t(m_count));
+    take(samples);
+    m_shared->samples = samples;
+    std::visit(
+        [this](const auto& vector) {
+            using T = typename std::decay_t<decltype(vector)>::value_type;
+            std::get_if<Pyramid<T>>(&m_shared->pyramid)->finish(vector.constData());
+        },
+        samples);
+    return SampleStore(std::move(m_shared));
 }
 
 const SampleArray& SampleStore::samples() const

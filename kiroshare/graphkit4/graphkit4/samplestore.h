@@ -13,7 +13,8 @@ struct Extremes
 
 /// Samples with a pyramid of minima and maxima of blocks beside them. Immutable; copies share everything.
 ///
-/// The pyramid is built once, in one pass over the samples, and takes a few per cent of their memory.
+/// The pyramid is built once, in one pass over the samples, and takes a few per cent of their memory. A
+/// SampleStoreBuilder builds it while the samples come in.
 class SampleStore
 {
 public:
@@ -42,6 +43,7 @@ public:
 
 private:
     friend class PointRows;
+    friend class SampleStoreBuilder;
 
     /// Equal steps of the raw values, for a look at many values at once.
     struct Steps
@@ -62,6 +64,8 @@ private:
 
     struct Shared;
 
+    explicit SampleStore(std::shared_ptr<const Shared> shared);
+
     /// The step of each of `count` samples from `first` on, which lie within the samples.
     void findSteps(int first, int count, const Steps& steps, int* found) const;
     /// The steps of the least and of the greatest of each of `count` blocks from `firstBlock` on, all of
@@ -71,4 +75,26 @@ private:
     void prefetchBlock(int block) const;
 
     std::shared_ptr<const Shared> m_shared;
+};
+
+/// Makes a SampleStore of samples that come bit by bit, so that the pyramid is built while they are still in
+/// the processor's cache.
+class SampleStoreBuilder
+{
+public:
+    /// For `count` samples in all, 0 or more. Takes no memory yet.
+    explicit SampleStoreBuilder(int count);
+    ~SampleStoreBuilder();
+    SampleStoreBuilder(SampleStoreBuilder&& other) noexcept;
+    SampleStoreBuilder& operator=(SampleStoreBuilder&& other) noexcept;
+
+    /// The samples that are there so far, `count` at most: those of the last call, unchanged, and more behind
+    /// them. The type is the same in all calls. Keeps no copy.
+    void take(const SampleArray& soFar);
+    /// All samples, after which the builder is of no further use. take() need not have seen any of them.
+    SampleStore finish(const SampleArray& samples);
+
+private:
+    int m_count;
+    std::unique_ptr<SampleStore::Shared> m_shared;
 };

@@ -56,6 +56,21 @@ TYPED_TEST_SUITE(PlotTypeTest, Rows);
 
 } // namespace
 
+TYPED_TEST(PlotTypeTest, SamplesOfAStoreAreAsData)
+{
+    const QVector<typename TypeParam::Element> data{3, 1, 2};
+    Plot given;
+    ASSERT_TRUE(given.setData(data, 0, -1));
+    Plot plot = plotOf({8.0, 9.0, 7.0, 5.0});
+    plot.setDataRange(1, 1);
+    plot.setSamples(given.samples());
+    EXPECT_EQ(plot.dataType, TypeParam::Number);
+    EXPECT_EQ(TypeParam::get(plot).constData(), data.constData());
+    EXPECT_EQ(plot.rangeStart(), 0);
+    EXPECT_EQ(plot.rangeCount(), 3);
+    expectLimits(plot, 1.0, 3.0);
+}
+
 TYPED_TEST(PlotTypeTest, DataIsSharedAndKnowsItsType)
 {
     using Element = typename TypeParam::Element;

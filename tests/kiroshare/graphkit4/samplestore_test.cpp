@@ -140,7 +140,12 @@ protected:
 
     void expectAsPlain(const QVector<T>& samples, int ranges)
     {
-        const SampleStore store{SampleArray(samples)};
+        expectAsPlain(samples, SampleStore{SampleArray(samples)}, ranges);
+    }
+
+    /// Of random ranges, as many as told.
+    void expectAsPlain(const QVector<T>& samples, const SampleStore& store, int ranges)
+    {
         ASSERT_EQ(store.count(), samples.size());
         for (int i = 0; i < ranges && !this->HasFatalFailure(); ++i) {
             const auto [first, count] = randomRange(samples.size());
@@ -209,6 +214,33 @@ TYPED_TEST(SampleStoreTest, TheGreatestNumbersAreFound)
         for (const TypeParam value : {Limits::lowest(), Limits::max()})
             this->expectAsPlain(QVector<TypeParam>(count, value), 20);
     }
+}
+
+TYPED_TEST(SampleStoreTest, SamplesThatComeBitByBitMakeTheSameStore)
+{
+    for (const int count : {0, 1, 63, 64, 1500, 20000, 150001}) {
+        for (const int most : {1, 70, 3000, 40000}) {
+            if (count > 1000 * most)
+                continue;
+            const QVector<TypeParam> samples = this->samplesWithGaps(count);
+            SampleStoreBuilder builder(count);
+            for (int taken = 0; taken < count; taken += 1 + int(this->generator() % std::uint64_t(most)))
+                builder.take(SampleArray(samples.mid(0, taken)));
+            const SampleStore store = builder.finish(SampleArray(samples));
+            EXPECT_EQ(std::get<QVector<TypeParam>>(store.samples()), samples);
+            this->expectAsPlain(samples, store, 30);
+        }
+    }
+}
+
+TYPED_TEST(SampleStoreTest, SamplesThatComeBitByBitAreKeptByNobody)
+{
+    QVector<TypeParam> samples(1000, TypeParam(7));
+    SampleStoreBuilder builder(samples.size());
+    const SampleArray soFar(samples);
+    samples.clear();
+    builder.take(soFar);
+    EXPECT_TRUE(std::get<QVector<TypeParam>>(soFar).isDetached());
 }
 
 TYPED_TEST(SampleStoreTest, ValuesAreTheSamples)

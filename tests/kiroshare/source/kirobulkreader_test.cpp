@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <new>
 
 namespace
 {
@@ -145,6 +146,55 @@ TEST_F(KiroBulkReaderTest, SharedArraysAreTheSamplesOneByOne)
         EXPECT_EQ(int(all[std::size_t(i)].index()), elementType(signal.valueType, signal.sampleSize)) << i;
         EXPECT_TRUE(sameAsOneByOne(all[std::size_t(i)], samplesOneByOne(m_reader, i))) << i;
     }
+}
+
+TEST_F(KiroBulkReaderTest, AWatcherSeesAllSamplesAsTheyCome)
+{
+    makeRecording(everyKindOfSignal(), 2500);
+    const auto signalCount = std::size_t(m_reader.header().signalCount());
+    std::vector<std::vector<SampleArray>> seen(signalCount);
+    std::vector<SampleArray> all;
+    const auto watcher = [&](std::size_t signal, const SampleArray& soFar) {
+        // A copy of its own: the reader goes on with the other.
+        SampleArray copy = soFar;
+        std::visit([](auto& samples) { samples.detach(); }, copy);
+        seen.at(signal).push_back(copy);
+    };
+    ASSERT_TRUE(KiroBulkReader(m_reader).readAll(all, m_progress, watcher));
+    ASSERT_EQ(all.size(), signalCount);
+    for (std::size_t i = 0; i < signalCount; ++i) {
+        ASSERT_GT(seen[i].size(), 1u) << i;
+        EXPECT_EQ(seen[i].size(), seen[0].size()) << i;
+        for (std::size_t k = 0; k < seen[i].size(); ++k) {
+            std::visit(
+                [&](const auto& samples) {
+                    using Array = std::decay_t<decltype(samples)>;
+                    using Number = typename Array::value_type;
+                    const auto part = std::get<Array>(seen[i][k]);
+                    ASSERT_LE(part.size(), samples.size());
+                    EXPECT_TRUE(
+                        sameBytes(std::vector<Number>(part.begin(), part.end()),
+                                  std::vector<Number>(samples.begin(), samples.begin() + part.size())))
+                        << i << ' ' << k;
+                    EXPECT_TRUE(k == 0 || sampleCount(seen[i][k - 1]) < sampleCount(seen[i][k]) ||
+                                samples.isEmpty())
+                        << i << ' ' << k;
+                },
+                all[i]);
+        }
+        EXPECT_EQ(sampleCount(seen[i].back()), sampleCount(all[i])) << i;
+    }
+}
+
+TEST_F(KiroBulkReaderTest, AWatcherWithoutMemoryIsAnError)
+{
+    makeRecording({makeSignal("a", KiroValue::SignedInt, 2, 1)}, 100);
+    std::vector<SampleArray> all;
+    KiroBulkReader bulk(m_reader);
+    EXPECT_FALSE(
+        bulk.readAll(all, m_progress, [](std::size_t, const SampleArray&) { throw std::bad_alloc(); }));
+    EXPECT_EQ(bulk.errorText().bytes(), "KiroBulkReader - memory allocation error");
+    EXPECT_TRUE(all.empty());
 }
 
 TEST_F(KiroBulkReaderTest, SharedArraysHaveNoMoreMemoryThanTheirSamples)
