@@ -10,6 +10,10 @@ void SpanList::add(ColumnSpan span)
         m_spans.push_back(span);
         return;
     }
+    if (m_spans.back().bottom < span.top - 1) {
+        m_spans.push_back(span);
+        return;
+    }
     const auto columnStart = m_spans.begin() + std::ptrdiff_t(m_columnStart);
     const auto from = std::lower_bound(columnStart, m_spans.end(), span.top - 1,
                                        [](const ColumnSpan& other, int row) { return other.bottom < row; });

@@ -1,10 +1,13 @@
 #include "pointrows.h"
 
+#include <QtAlgorithms>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <type_traits>
 #include <variant>
 
@@ -30,6 +33,10 @@ constexpr double GreatestExact = 4503599627370496.0;
 
 /// Of one word.
 constexpr int WordRows = 64;
+/// The rows of the canvas' edges, too, are out of sight.
+constexpr int FirstShown = 2;
+/// Part of a row by which the origin of steps may be off: numbers that are rows apart have none between them.
+constexpr double RowsOfRounding = 0.25;
 
 /// A bit of each of WordRows chars that are 0 or 1, the first one's the lowest.
 std::uint64_t bitsOf(const char* chars)
@@ -79,7 +86,7 @@ PointRows::PointRows(const SampleStore& samples, const StripGeometry& geometry)
     , m_openRows(m_shown.size())
     , m_rows(m_shown.size() * WordRows)
 {
-    for (int row = 1; row < m_rowCount - 1; ++row)
+    for (int row = FirstShown; row <= m_rowCount - 1 - FirstShown; ++row)
         addRow(row, m_shown);
     m_possible = m_shown;
     chooseSteps();
@@ -94,7 +101,10 @@ void PointRows::chooseSteps()
         return;
     const double above = m_geometry.rawAt(canvas.top() - 1.0 - Nudge);
     const double below = m_geometry.rawAt(canvas.bottom() + 1.0);
-    m_hasSteps = std::isfinite(above) && above != below;
+    const double rounding =
+        std::max(std::abs(above), std::abs(below)) * std::numeric_limits<double>::epsilon();
+    m_hasSteps =
+        std::isfinite(above) && above != below && rounding * m_geometry.rowsPerUnit() < RowsOfRounding;
     m_steps.origin = above;
     m_steps.perUnit = below > above ? m_geometry.rowsPerUnit() : -m_geometry.rowsPerUnit();
     findEndsOfScale();
@@ -154,6 +164,15 @@ int PointRows::rowOf(double raw) const
            canvas.top() + 1;
 }
 
+/// Rows out of sight are taken as the outermost ones, which are so far from those in sight that blocks which
+/// reach beyond these are wide enough to be looked at.
+int PointRows::spreadOut(int row) const
+{
+    if (row < FirstShown)
+        return 0;
+    return row < m_rowCount - FirstShown ? row : m_rowCount - 1;
+}
+
 /// Of up to FewSamples samples. Returns whether any of the rows was not lit.
 bool PointRows::lightEach(int first, int end)
 {
@@ -208,8 +227,8 @@ void PointRows::lightExtremes(int firstBlock, int count)
     std::size_t wideCount = 0;
     char* rows = m_rows.data();
     for (int i = 0; i < count; ++i) {
-        const int top = tops[std::size_t(i)];
-        const int bottom = bottoms[std::size_t(i)];
+        const int top = tops[std::size_t(i)] = spreadOut(tops[std::size_t(i)]);
+        const int bottom = bottoms[std::size_t(i)] = spreadOut(bottoms[std::size_t(i)]);
         rows[top] = 1;
         rows[bottom] = 1;
         wide[wideCount] = i;
@@ -301,16 +320,25 @@ void PointRows::search()
 
 void PointRows::give(int column, SpanList& lit) const
 {
+    constexpr int None = -1;
     const int top = m_geometry.canvas().top() - 1;
-    const int last = std::min(m_bottom, m_rowCount - 2);
-    for (int row = std::max(m_top, 1); row <= last; ++row) {
-        if (m_rows[std::size_t(row)] == 0)
-            continue;
-        const int from = row;
-        while (row < last && m_rows[std::size_t(row) + 1] != 0)
-            ++row;
-        lit.add({column, top + from, top + row});
+    int first = None; // of the run of lit rows that is not yet ended
+    for (int word = m_top / WordRows; word <= m_bottom / WordRows; ++word) {
+        const std::uint64_t bits = litRows(word);
+        int place = 0;
+        while (place < WordRows) {
+            const std::uint64_t rest = (first == None ? bits : ~bits) >> place;
+            if (rest == 0)
+                break;
+            place += int(qCountTrailingZeroBits(quint64(rest)));
+            const int row = word * WordRows + place;
+            if (first != None)
+                lit.add({column, top + first, top + row - 1});
+            first = first == None ? row : None;
+        }
     }
+    if (first != None)
+        lit.add({column, top + first, top + m_bottom});
 }
 
 void PointRows::add(int column, int first, int end, SpanList& lit)
@@ -318,8 +346,8 @@ void PointRows::add(int column, int first, int end, SpanList& lit)
     Extremes extremes;
     if (!m_samples.extremes(first, end - first, extremes))
         return;
-    const int one = rowOf(extremes.least);
-    const int other = rowOf(extremes.greatest);
+    const int one = spreadOut(rowOf(extremes.least));
+    const int other = spreadOut(rowOf(extremes.greatest));
     m_top = m_steps.least = m_steps.none = std::min(one, other);
     m_bottom = m_steps.greatest = std::max(one, other);
     // Else no sample of the column lies beyond the rows of its extremes.

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Finds the rows of a column that samples stand on, to within one: no sample is more than a row from a lit
-/// one, and samples stand on all that are lit.
+/// one, and no lit row more than one from a sample.
 ///
 /// Of few samples all are looked at. Of more the extremes of blocks are lit, and then those blocks are looked
 /// at that may hold a row which is neither lit nor next to one that is, some at a time and spread over the
@@ -33,6 +33,7 @@ private:
     void findEndsOfScale();
     void findRowsOfNumbers();
     int rowOf(double raw) const;
+    int spreadOut(int row) const;
     bool lightEach(int first, int end);
     void findExtremes(int firstBlock, int count, int* tops, int* bottoms) const;
     void lightExtremes(int firstBlock, int count);
@@ -46,9 +47,9 @@ private:
 
     const SampleStore& m_samples;
     const StripGeometry& m_geometry;
-    /// With those just above and below the canvas, the first and the last one, which are never shown.
+    /// With those just above and below the canvas, the first and the last one.
     int m_rowCount;
-    std::vector<std::uint64_t> m_shown; ///< bits of the other rows
+    std::vector<std::uint64_t> m_shown; ///< bits of the rows whose points can be seen
     /// Bits of the rows that samples can stand on: whole numbers can be more than a row apart.
     std::vector<std::uint64_t> m_possible;
     /// Bits of the rows that samples may stand on and that are lit neither themselves nor beside them.
