@@ -32,9 +32,9 @@ CalibrationStoreResult notUpdated(const QString& why)
 
 } // namespace
 
-CalibrationStoreResult storeCalibration(KiroReader& reader, const QVector<KiroSignal>& descriptors)
+CalibrationStoreResult checkCalibrationStore(const KiroReader& reader, const QVector<KiroSignal>& descriptors)
 {
-    KiroHeader& header = reader.header();
+    const KiroHeader& header = reader.header();
     const std::vector<KiroSignal>& stored = header.signalTable();
     const bool isCalibrated =
         std::any_of(stored.begin(), stored.end(), [](const KiroSignal& signal) { return signal.calibrated; });
@@ -47,7 +47,15 @@ CalibrationStoreResult storeCalibration(KiroReader& reader, const QVector<KiroSi
     }
     if (!std::equal(stored.begin(), stored.end(), descriptors.begin(), descriptors.end(), isSameSignal))
         return notUpdated(Texts::tr("The file is no longer the one that was opened: it has other signals."));
+    return {};
+}
+
+CalibrationStoreResult storeCalibration(KiroReader& reader, const QVector<KiroSignal>& descriptors)
+{
+    const CalibrationStoreResult check = checkCalibrationStore(reader, descriptors);
+    if (!check.ok())
+        return check;
     for (int i = 0; i < descriptors.size(); ++i)
-        header.setSignal(i, descriptors[i]);
+        reader.header().setSignal(i, descriptors[i]);
     return reader.updateHeader() ? CalibrationStoreResult() : notUpdated(reader.errorText().toQString());
 }

@@ -23,7 +23,12 @@ struct CalibrationStoreResult
     bool ok() const { return outcome == Outcome::Stored; }
 };
 
-/// Stores the calibration of all signals of the recording that `reader` is bound to; `descriptors` are its
-/// signals as they were loaded but for that. A failure leaves the file as it was. A header whose version
-/// stores no calibration is written as it stands where no signal of the file is calibrated.
+/// Whether the calibration of the recording that `reader` is bound to can be stored at all, as far as that is
+/// known without writing; `descriptors` are its signals as they were loaded but for the calibration.
+CalibrationStoreResult checkCalibrationStore(const KiroReader& reader,
+                                             const QVector<KiroSignal>& descriptors);
+
+/// Stores the calibration of all signals of that recording, after the same check. A failure leaves the file
+/// as it was, unless the disk failed while the header was written over. A header whose version stores no
+/// calibration is written as it stands where no signal of the file is calibrated.
 CalibrationStoreResult storeCalibration(KiroReader& reader, const QVector<KiroSignal>& descriptors);

@@ -36,9 +36,13 @@ void DialogProgress::setRange(int minimum, int maximum)
 }
 
 /// The bar draws itself at each value, which may cost more than the step of work that it shows. It keeps its
-/// picture until it is due.
+/// picture until it is due, but for the first one.
 void DialogProgress::holdBar()
 {
+    if (!m_bar->isVisible()) {
+        m_bar->setUpdatesEnabled(true);
+        return;
+    }
     const bool isDue = !m_sinceDrawn.isValid() || m_sinceDrawn.hasExpired(PictureMs);
     m_bar->setUpdatesEnabled(isDue);
     if (isDue)

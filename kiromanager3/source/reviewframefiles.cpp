@@ -6,6 +6,7 @@
 #include "calibrationstore.h"
 #include "dialogprogress.h"
 #include "filechoice.h"
+#include "jobguard.h"
 #include "kiroreader.h"
 #include "messages.h"
 #include "modulewindow.h"
@@ -165,12 +166,17 @@ void ReviewFrame::on_buttonSave_clicked()
         showWarning(this, tr("Failed to open file %1").arg(m_recording.currentFile));
         return;
     }
-    m_ui->labelStatus->setText(tr("Storing new calibration values..."));
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    const CalibrationStoreResult result = storeCalibration(reader, m_recording.signalDescriptors);
-    QApplication::restoreOverrideCursor();
-    m_ui->labelStatus->clear();
+    CalibrationStoreResult result = checkCalibrationStore(reader, m_recording.signalDescriptors);
+    if (result.ok()) {
+        // No other recording may come in while the text is drawn.
+        const JobGuard guard(this);
+        m_ui->labelStatus->setText(tr("Storing new calibration values..."));
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        result = storeCalibration(reader, m_recording.signalDescriptors);
+        QApplication::restoreOverrideCursor();
+        m_ui->labelStatus->clear();
+    }
     if (result.ok())
         m_ui->buttonSave->setEnabled(false);
     else

@@ -2,10 +2,37 @@
 
 #include "reviewframelabelsfixture.h"
 
+#include "kiroreader.h"
+#include "openevents.h"
+
 #include <QFileDialog>
 
 namespace
 {
+
+/// Keeps the texts that a label shows.
+class TextWatch : public QObject
+{
+public:
+    TextWatch(QLabel& label, QStringList& texts)
+        : m_label(label)
+        , m_texts(texts)
+    {
+        label.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_label.text().isEmpty())
+            m_texts << m_label.text();
+        return false;
+    }
+
+private:
+    QLabel& m_label;
+    QStringList& m_texts;
+};
 
 class ReviewFrameUnsavedTest : public ReviewFrameLabelsTest
 {
@@ -207,14 +234,41 @@ TEST_F(ReviewFrameUnsavedFileTest, NotSavingLeavesTheFileAsItIs)
     EXPECT_TRUE(window().close());
 }
 
-TEST_F(ReviewFrameUnsavedFileTest, SavingCloses)
+TEST_F(ReviewFrameUnsavedFileTest, SavingWritesTheCalibrationAndCloses)
 {
-    const std::string before = fileBytes(KiroString(path("eye.kiro")));
+    const std::string shown = fileBytes(KiroString(path("eye.kiro")));
+    // Another program took the calibration away meanwhile.
+    KiroReader reader;
+    ASSERT_TRUE(reader.setFile(KiroString(path("eye.kiro"))));
+    KiroSignal first = reader.header().signal(0);
+    ASSERT_TRUE(first.calibrated);
+    first.calibrated = false;
+    reader.header().setSignal(0, first);
+    ASSERT_TRUE(reader.updateHeader());
+    ASSERT_NE(fileBytes(KiroString(path("eye.kiro"))), shown);
+    QStringList texts;
+    TextWatch watch(find<QLabel>("labelStatus"), texts);
     ModalAnswers answers;
     answerForFile(answers, Save);
     EXPECT_TRUE(window().close());
     EXPECT_FALSE(isFileUnsaved());
+    EXPECT_EQ(fileBytes(KiroString(path("eye.kiro"))), shown);
+    EXPECT_EQ(texts.join(QLatin1Char('|')), QStringLiteral("Storing new calibration values..."));
+}
+
+/// A file that is to be opened waits until the calibration is stored.
+TEST_F(ReviewFrameUnsavedFileTest, AnotherFileDoesNotComeIntoTheSaving)
+{
+    const std::string before = fileBytes(KiroString(path("eye.kiro")));
+    const QString other = record("other.kiro", {"first", "second", "third"});
+    const std::string otherBefore = fileBytes(KiroString(other));
+    QApplication::postEvent(&window(), new OpenFileEvent(other));
+    click("buttonSave");
+    EXPECT_EQ(window().recording().currentFile, path("eye.kiro"));
+    EXPECT_FALSE(isFileUnsaved());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window().recording().currentFile == other; }));
     EXPECT_EQ(fileBytes(KiroString(path("eye.kiro"))), before);
+    EXPECT_EQ(fileBytes(KiroString(other)), otherBefore);
 }
 
 TEST_F(ReviewFrameUnsavedFileTest, LabelsAreAskedForAfterTheFile)
@@ -234,6 +288,7 @@ TEST_F(ReviewFrameUnsavedFileTest, LabelsAreAskedForAfterTheFile)
 TEST_F(ReviewFrameUnsavedFileTest, AFailedSaveStays)
 {
     const QString caption = window().windowTitle() + QLatin1Char('|');
+    const QString status = label("labelStatus");
     record("eye.kiro", {"first", "second", "another"});
     const std::string other = fileBytes(KiroString(path("eye.kiro")));
     ModalAnswers answers;
@@ -256,7 +311,7 @@ TEST_F(ReviewFrameUnsavedFileTest, AFailedSaveStays)
     EXPECT_EQ(answers.seen().last(),
               caption + QStringLiteral("Failed to open file %1").arg(path("eye.kiro")));
     EXPECT_TRUE(isFileUnsaved());
-    EXPECT_EQ(label("labelStatus"), QString());
+    EXPECT_EQ(label("labelStatus"), status);
     answerForFile(answers, DoNotSave);
     EXPECT_TRUE(window().close());
 }

@@ -499,7 +499,7 @@ void SampleStoreBuilder::take(const SampleArray& soFar)
             if (!m_shared)
                 m_shared = std::make_unique<SampleStore::Shared>(QVector<T>(), std::size_t(m_count));
             std::get_if<Pyramid<T>>(&m_shared->pyramid)
-                ->extend(vector.constData(), std::size_t(vector.size()));
+                ->extend(vector.constData(), std::size_t(std::min(vector.size(), m_count)));
         },
         soFar);
 }

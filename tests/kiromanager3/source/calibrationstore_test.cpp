@@ -133,6 +133,7 @@ TEST_F(CalibrationStore, AnOldHeaderWithACalibratedSignalIsRefusedWhicheverWasCh
         inFile.calibrated = true;
         reader.header().setSignal(1, inFile);
         descriptors[changed].calibrated = !descriptors[changed].calibrated;
+        EXPECT_EQ(checkCalibrationStore(reader, descriptors).outcome, Outcome::TooOld);
         const CalibrationStoreResult result = storeCalibration(reader, descriptors);
         EXPECT_EQ(result.outcome, Outcome::TooOld);
         EXPECT_EQ(result.errorText,
@@ -182,6 +183,15 @@ TEST_F(CalibrationStore, AnotherRecordingAtThePathIsLeftAlone)
     header = makeHeader({table[0], makeSignal("b", KiroValue::Float, 4, 5, 500)}, 3);
     bind(recordingBytes(header, noise(120)));
     expectRefused("another rate");
+    header = makeHeader({table[0], makeSignal("b", KiroValue::SignedInt, 4, 5)}, 3);
+    bind(recordingBytes(header, noise(120)));
+    expectRefused("another type");
+    header = makeHeader({table[0], makeSignal("b", KiroValue::Float, 8, 5)}, 3);
+    bind(recordingBytes(header, noise(120)));
+    expectRefused("samples of another size");
+    header = makeHeader({table[0], makeSignal("b", KiroValue::Float, 4, 4)}, 3);
+    bind(recordingBytes(header, noise(120)));
+    expectRefused("another number of samples");
 }
 
 TEST_F(CalibrationStore, AFileThatIsGoneIsTold)
