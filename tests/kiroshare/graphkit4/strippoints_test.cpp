@@ -12,6 +12,25 @@
 namespace
 {
 
+/// What is drawn, and what the plain renderer draws of the same.
+struct Pictures
+{
+    plain::Pixels shipped;
+    plain::Pixels reference;
+
+    Pictures(const ElementType& type, const Values& values, const Setting& setting)
+        : Pictures(SampleStore(type.make(values, type.middle, type.half)), type, setting)
+    {
+    }
+
+private:
+    Pictures(const SampleStore& samples, const ElementType& type, const Setting& setting)
+        : shipped(litPixels(shippedPicture(samples, viewOf(type, samples.count(), setting), setting)))
+        , reference(plainPicture(samples, viewOf(type, samples.count(), setting), setting))
+    {
+    }
+};
+
 TEST(StripPoints, PointsLookLikeAllPoints)
 {
     Setting setting;
@@ -88,10 +107,7 @@ TEST(StripPoints, ASinglePointBetweenOthersIsShown)
             values[i] = i % 2 == 0 ? 0.9 : -0.9;
         values[std::size_t(lonely)] = 0.25;
         for (const ElementType& type : {Int16, Double}) {
-            const SampleStore samples(type.make(values, type.middle, type.half));
-            const StripView view = viewOf(type, samples.count(), setting);
-            const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-            const plain::Pixels reference = plainPicture(samples, view, setting);
+            const auto [shipped, reference] = Pictures(type, values, setting);
             EXPECT_EQ(reference.litCount(), 3) << lonely;
             EXPECT_EQ(farPixels(reference, shipped, 0), 0) << lonely;
             EXPECT_EQ(farPixels(shipped, reference, 0), 0) << lonely;
@@ -111,10 +127,7 @@ TEST(StripPoints, PointsOfJumpsLightNoRowBetween)
             Values values(200000);
             for (std::size_t i = 0; i < values.size(); ++i)
                 values[i] = 0.77 * double(int(i / std::size_t(rest)) % 3 - 1) + middle;
-            const SampleStore samples(Int16.make(values, Int16.middle, Int16.half));
-            const StripView view = viewOf(Int16, samples.count(), setting);
-            const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-            const plain::Pixels reference = plainPicture(samples, view, setting);
+            const auto [shipped, reference] = Pictures(Int16, values, setting);
             EXPECT_EQ(farPixels(shipped, reference, reach), 0) << middle << ' ' << rest;
             EXPECT_EQ(farPixels(reference, shipped, reach), 0) << middle << ' ' << rest;
             EXPECT_GT(reference.litCount(), 0) << middle << ' ' << rest;
@@ -133,10 +146,7 @@ TEST(StripPoints, PointsShowTheLeastAndGreatestOfEachColumn)
     setting.connected = false;
     setting.size = QSize(30, 151);
     for (const ElementType& type : {Int16, Double}) {
-        const SampleStore samples(type.make(values, type.middle, type.half));
-        const StripView view = viewOf(type, samples.count(), setting);
-        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-        const plain::Pixels reference = plainPicture(samples, view, setting);
+        const auto [shipped, reference] = Pictures(type, values, setting);
         for (int column = 0; column < shipped.width(); ++column)
             EXPECT_EQ(spanDifference(spanOf(shipped, column), spanOf(reference, column)), 0) << column;
     }
@@ -189,10 +199,7 @@ TEST(StripPoints, PointsOnTheOuterRowsOfAClippedScaleAreShown)
             values[i] = sign * valueOf(row < 2 ? -1 : row);
         }
         values[54321] = sign * valueOf(0);
-        const SampleStore samples(Double.make(values, Double.middle, Double.half));
-        const StripView view = viewOf(Double, samples.count(), setting);
-        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-        const plain::Pixels reference = plainPicture(samples, view, setting);
+        const auto [shipped, reference] = Pictures(Double, values, setting);
         EXPECT_EQ(reference.litCount(), Rows - 1) << sign;
         EXPECT_EQ(farPixels(reference, shipped, 1), 0) << sign;
     }
@@ -245,10 +252,7 @@ TEST(StripPoints, ASinglePointInAnyBlockIsShown)
     constexpr int Count = 100000;
     for (const int block : {0, 1, 31, 32, 510, 511, 512, 513, 1022, 1023, 1024, 1561}) {
         const Values values = lonelyBetween(0.9, -0.9, 0.25, block * SampleStore::BlockSize + 17, Count);
-        const SampleStore samples(Int16.make(values, Int16.middle, Int16.half));
-        const StripView view = viewOf(Int16, samples.count(), setting);
-        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-        const plain::Pixels reference = plainPicture(samples, view, setting);
+        const auto [shipped, reference] = Pictures(Int16, values, setting);
         EXPECT_EQ(reference.litCount(), 3) << block;
         EXPECT_EQ(farPixels(reference, shipped, 0), 0) << block;
     }
@@ -269,10 +273,7 @@ TEST(StripPoints, ASinglePointOnAnyRowIsShown)
             Values values = lonelyBetween(0.995, -0.995, lonely, 5000, 10000);
             values[7] = std::clamp(lonely + step, -0.995, 0.995);
             values[9999] = std::clamp(lonely - step, -0.995, 0.995);
-            const SampleStore samples(Double.make(values, Double.middle, Double.half));
-            const StripView view = viewOf(Double, samples.count(), setting);
-            const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-            const plain::Pixels reference = plainPicture(samples, view, setting);
+            const auto [shipped, reference] = Pictures(Double, values, setting);
             EXPECT_EQ(farPixels(reference, shipped, 1), 0) << row << ' ' << away;
             EXPECT_EQ(farPixels(shipped, reference, 1), 0) << row << ' ' << away;
         }
@@ -295,10 +296,7 @@ TEST(StripPoints, ASinglePointInTheMiddleOfAHighStripIsShown)
             values[i] = valueOf(i % 2 == 0 ? place : Rows - 1 - place);
         }
         values[12345] = valueOf(row);
-        const SampleStore samples(Double.make(values, Double.middle, Double.half));
-        const StripView view = viewOf(Double, samples.count(), setting);
-        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-        const plain::Pixels reference = plainPicture(samples, view, setting);
+        const auto [shipped, reference] = Pictures(Double, values, setting);
         EXPECT_EQ(reference.litCount(), 2 * Outer + 1) << row;
         EXPECT_EQ(farPixels(reference, shipped, 1), 0) << row;
         EXPECT_EQ(farPixels(shipped, reference, 1), 0) << row;
@@ -315,10 +313,7 @@ TEST(StripPoints, ASinglePointTwoRowsFromItsNeighboursIsShown)
     const auto valueOf = [&](int row) { return 1.0 - (row + 0.5) * 2.0 / Rows; };
     for (int row = 2; row < Rows - 2; ++row) {
         const Values values = lonelyBetween(valueOf(row - 2), valueOf(row + 2), valueOf(row), 4321, 10000);
-        const SampleStore samples(Double.make(values, Double.middle, Double.half));
-        const StripView view = viewOf(Double, samples.count(), setting);
-        const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-        const plain::Pixels reference = plainPicture(samples, view, setting);
+        const auto [shipped, reference] = Pictures(Double, values, setting);
         EXPECT_EQ(reference.litCount(), 3) << row;
         EXPECT_EQ(farPixels(reference, shipped, 1), 0) << row;
     }
@@ -341,10 +336,7 @@ TEST(StripPoints, ASingleWholeNumberAmongAllOthersIsShown)
                 values[i] = (number == lonely ? 9 : number) / 10.0;
             }
             values[4321] = lonely / 10.0;
-            const SampleStore samples(few.make(values, few.middle, few.half));
-            const StripView view = viewOf(few, samples.count(), setting);
-            const plain::Pixels shipped = litPixels(shippedPicture(samples, view, setting));
-            const plain::Pixels reference = plainPicture(samples, view, setting);
+            const auto [shipped, reference] = Pictures(few, values, setting);
             EXPECT_GE(reference.litCount(), 10) << factor << ' ' << lonely;
             EXPECT_EQ(farPixels(reference, shipped, 1), 0) << factor << ' ' << lonely;
         }
